@@ -1,0 +1,41 @@
+// The message catalogues: user-visible text by key, in English or Japanese. The texts lie in
+// locale/<language>/*.txt and are compiled in.
+#pragma once
+
+#include <atomic>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace zoka {
+
+extern const char CATALOGUE_EN[];
+extern const char CATALOGUE_JA[];
+
+/// The language of messages. Keys shows each key as it stands.
+enum class TLanguage : uint8_t { English, Japanese, Keys };
+
+/// Looks texts up by key. A file's line is `key<TAB>text`, with \n, \t and \\ escapes in the text;
+/// empty lines and lines that begin with `//` are skipped. A key without an entry yields itself.
+class TCatalogue {
+ public:
+  explicit TCatalogue(TLanguage language = TLanguage::English);
+
+  TLanguage Language() const { return mLanguage; }
+
+  /// The text of `key` in the catalogue's language.
+  std::string GetString(std::string_view key) const;
+
+  /// The language that the environment asks for: LC_ALL, LC_MESSAGES, LANG; "ja..." is Japanese.
+  static TLanguage FromEnvironment();
+
+ private:
+  TLanguage mLanguage;
+  std::unordered_map<std::string_view, std::string> mTexts;
+};
+
+/// `text` with every `placeholder` (such as "%Num%") replaced by `value`.
+std::string replace_placeholder(std::string text, std::string_view placeholder,
+                                std::string_view value);
+
+}  // namespace zoka
