@@ -1,0 +1,21 @@
+// Members of TCompiler that serve single statements: included inside the class, so no guard.
+TToken GenProcPrintWrite(const TToken& first, TVMCodeCmd cmd);
+TToken GenProcPrintUsing(const TToken& first);
+TToken GenProcInputFamily(const TToken& first, bool isLine);
+TToken GenProcLineInput(const TToken& first);
+TToken GenProcDataComma(const TToken& first);
+TToken GenProcDefSeg(const TToken& first);
+TToken GenProcDefUsr(const TToken& first);
+TToken GenProcUserFuncDef(const TToken& first);
+TToken GenProcOptionBase(const TToken& first);
+TToken GenProcColor1(const TToken& first);
+TToken GenProcColor2(const TToken& first);
+TToken GenProcGetKernel(const TToken& first);
+TToken GenProcPutKernel(const TToken& first);
+TToken GenProcGetAtKernel(const TToken& first);
+TToken GenProcPutAtKernel(const TToken& first);
+TToken GenProcPlayAlloc(const TToken& first);
+TToken GenProcWidth1(const TToken& first);
+TToken GenProcWidth2(const TToken& first);
+TToken GenProcWidth3(const TToken& first);
+TToken GenProcCallMouse(const TToken& first);
