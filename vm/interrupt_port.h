@@ -1,0 +1,61 @@
+// TInterruptPort: what other threads share with a machine: pending events, their states, the stop
+// request. It outlives the run, so no other thread ever holds a machine.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+
+namespace zoka {
+
+/// Events by mask; each has the slot of its lowest bit.
+enum TIrMask : uint32_t {
+  IR_FORCED_STOP = 0x1,
+  IR_SPEED_CONTROL = 0x2,
+  IR_STOP_KEY = 0x8,
+  IR_HELP_KEY = 0x10,
+  IR_TIME = 0x20,
+  IR_KEY_1 = 0x40,  // to 0x8000, KEY 10
+  IR_PLAY = 0x40000,
+  IR_MOUSE_MOVED = 0x200000,
+  IR_MOUSE_LEFT_DOWN = 0x400000,
+  IR_MOUSE_RIGHT_DOWN = 0x800000,
+  IR_MOUSE_LEFT_UP = 0x1000000,
+  IR_MOUSE_RIGHT_UP = 0x2000000,
+};
+constexpr int IR_SLOT_COUNT = 32;
+
+/// State of an event's trap.
+enum class TIrState : uint8_t { Off = 0, Stop = 1, On = 2 };
+
+/// What an event leads to; decided by a pure function of the event, its state and its target.
+enum class TIrVerdict : uint8_t { Ignored, Terminate, Held, Pending };
+TIrVerdict judge_interrupt(uint32_t mask, TIrState state, bool hasTarget);
+
+/// Number of the lowest set bit of a mask; -1 for 0.
+int num_shifts(uint32_t mask);
+
+/// The shared words. All operations from any thread.
+class TInterruptPort {
+ public:
+  TInterruptPort();
+
+  /// An event happens. `terminate` is called for the break key when no trap takes it.
+  void HappenInterrupt(uint32_t mask);
+  void UnhappenInterrupt(uint32_t mask);
+  /// Sets the event's state to On; an event held meanwhile becomes pending.
+  void TurnOnInterrupt(uint32_t mask);
+
+  /// The forced stop: sets bit 0 and calls the stop function that the machine has set, if it still
+  /// runs.
+  void Terminate();
+
+  std::atomic<uint32_t> mIrFlags{0};
+  std::atomic<uint32_t> mIrMask{0};
+  std::atomic<TIrState> mIrStates[IR_SLOT_COUNT];
+  /// Bit n: the event of slot n has a GOSUB target.
+  std::atomic<uint32_t> mHasTarget{0};
+  std::atomic<bool> mStopped{false};
+};
+
+}  // namespace zoka
