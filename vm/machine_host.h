@@ -18,6 +18,9 @@ class TMachineHost {
 
   /// Waits that a program makes are preceded by this: output that is held back goes out.
   virtual void FlushOutput() = 0;
+
+  /// The last act of the machine's thread: the run is over, but for the thread's own end.
+  virtual void MachineEnded(int32_t exitStatus) = 0;
 };
 
 }  // namespace zoka
