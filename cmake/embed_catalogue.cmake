@@ -1,5 +1,7 @@
 # Script: writes OUTPUT, a C++ file that holds each language's catalogue text as it stands.
-file(WRITE ${OUTPUT}.new "// Generated from locale/; do not edit.\n#include \"common/catalogue.h\"\n\nnamespace zoka {\n")
+file(WRITE ${OUTPUT}.new
+     "// Generated from locale/; do not edit.\n"
+     "#include \"common/catalogue.h\"\n\nnamespace zoka {\n")
 foreach(language en ja)
   set(text "")
   file(GLOB parts ${ROOT}/${language}/*.txt)

@@ -12,7 +12,7 @@ using bigtime_t = int64_t;
 /// A deadline that never comes.
 constexpr bigtime_t FOREVER = INT64_MAX;
 
-/// A point of the simulated screen, in pixels; may lie anywhere, also be fractional or not a number.
+/// A point of the simulated screen, in pixels; may lie anywhere, be fractional or not a number.
 struct TPoint {
   float x = 0;
   float y = 0;

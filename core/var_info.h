@@ -56,8 +56,8 @@ struct TVarInfo {
   };
 
   /// Lays the storage out from dimCount and dims: all slots zero or empty; with `keepFirst` slot 0
-  /// keeps its value. Pictures go. Returns false, with nothing changed, if the number of elements is
-  /// beyond what a variable can have or memory is short. Counts against `budget` if given.
+  /// keeps its value. Pictures go. Returns false, with nothing changed, if the number of elements
+  /// is beyond what a variable can have or memory is short. Counts against `budget` if given.
   bool Create(bool keepFirst, TMemoryBudget* budget = nullptr);
   /// A plain variable of that kind.
   void CreateDefaultNonArray(TTokenKind kindWanted);

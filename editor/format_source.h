@@ -53,10 +53,10 @@ class TFmtSrc {
   std::vector<int32_t> mEditorLines;  // by formatted line; never descending
 };
 
-/// Normalises a list: each CR and each 0x1A becomes a line feed; a list whose first byte is no digit
-/// gets the line numbers 1, 2, 3 and so on, in place of any numbers that its later lines have; each
-/// byte of a line beyond MAX_LINE_BYTES becomes a line feed, also in the middle of a character. The
-/// list ends at its first NUL.
+/// Normalises a list: each CR and each 0x1A becomes a line feed; a list whose first byte is no
+/// digit gets the line numbers 1, 2, 3 and so on, in place of any numbers that its later lines
+/// have; each byte of a line beyond MAX_LINE_BYTES becomes a line feed, also in the middle of a
+/// character. The list ends at its first NUL.
 TFmtSrc CreateFmtSrc(std::string_view text);
 
 }  // namespace zoka

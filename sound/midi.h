@@ -36,8 +36,8 @@ constexpr uint8_t MIDI_PROGRAM_CHANGE = 0xC0;
 constexpr uint8_t MIDI_SYSEX_START = 0xF0;
 constexpr uint8_t MIDI_SYSEX_END = 0xF7;
 
-/// One event: when it sounds, in microseconds of the clock, and its bytes, a system exclusive message
-/// with its F0 and F7.
+/// One event: when it sounds, in microseconds of the clock, and its bytes, a system exclusive
+/// message with its F0 and F7.
 struct TMidiEvent {
   bigtime_t time = 0;
   std::string bytes;
@@ -119,7 +119,8 @@ class TMidiLocalProducer {
   TClock& mClock;
   const std::string mName;
   const int32_t mId;
-  // Held while an event is handed over, so that events arrive in order and none after a disconnection.
+  // Held while an event is handed over, so that events arrive in order and none after a
+  // disconnection.
   TMutex mDelivery{TLockRank::Variables};
   std::vector<std::shared_ptr<TMidiConsumer>> mConsumers;
   std::vector<TMidiSink*> mRecorders;
@@ -142,16 +143,16 @@ struct TMidiNotice {
   bool operator==(const TMidiNotice&) const = default;
 };
 
-/// The consumers there are, and who is connected to whom. Any thread. A notice is given on the thread
-/// that caused it, with no lock held. The roster outlives its producers' connections.
+/// The consumers there are, and who is connected to whom. Any thread. A notice is given on the
+/// thread that caused it, with no lock held. The roster outlives its producers' connections.
 class TMidiRoster {
  public:
   using TWatcher = std::function<void(const TMidiNotice&)>;
 
   /// Adds a consumer and returns its id.
   int32_t Register(std::shared_ptr<TMidiConsumer> consumer);
-  /// Removes a consumer: it is no longer valid; connections to it end without a notice of their own.
-  /// It can still be found by its id until the notice has been given.
+  /// Removes a consumer: it is no longer valid; connections to it end without a notice of their
+  /// own. It can still be found by its id until the notice has been given.
   void Unregister(int32_t id);
   void Rename(int32_t id, const std::string& name);
 
@@ -169,8 +170,8 @@ class TMidiRoster {
   bool Connect(TMidiLocalProducer& producer, int32_t consumerId);
   bool Disconnect(TMidiLocalProducer& producer, int32_t consumerId);
 
-  /// Sets who is told; one at a time. StopWatching returns when no notice is under way, unless it is
-  /// called from the watcher itself.
+  /// Sets who is told; one at a time. StopWatching returns when no notice is under way, unless it
+  /// is called from the watcher itself.
   void StartWatching(TWatcher watcher);
   void StopWatching();
 

@@ -3,8 +3,8 @@
 // machine only as somebody to notify.
 //
 // The run view owns one player, which outlives every run: music of an ended program plays on. The
-// thread sleeps until the next event and stamps it `MDly` microseconds ahead, so that a late wake-up
-// is not heard.
+// thread sleeps until the next event and stamps it `MDly` microseconds ahead, so that a late
+// wake-up is not heard.
 //
 // Who calls what:
 //   PLAY        ClearCompileLastTick; SetMml for each string, the highest channel first; Resume;
@@ -79,8 +79,8 @@ class TMmlPlayer final : public TThread {
   /// Ends the thread and waits for it. For a host's thread.
   ~TMmlPlayer() override;
 
-  /// Compiles `text` on channel `ch`. Returns false and does nothing if the text is empty or there is
-  /// no such channel. Throws TMmlError; the events before the fault stay queued. Waits while the
+  /// Compiles `text` on channel `ch`. Returns false and does nothing if the text is empty or there
+  /// is no such channel. Throws TMmlError; the events before the fault stay queued. Waits while the
   /// channel holds MAX_CHANNEL_EVENTS; if the caller is asked to end meanwhile, returns true with
   /// the rest of the text not compiled.
   bool SetMml(int16_t ch, std::string_view text, const TPlayCaller& caller);
@@ -106,8 +106,8 @@ class TMmlPlayer final : public TThread {
   /// True if no channel has events queued ahead of the present tick.
   bool IsBufferEmpty();
 
-  /// True if nothing is queued and the thread rests; all that will be sent has been sent, the last of
-  /// it stamped LastStamp.
+  /// True if nothing is queued and the thread rests; all that will be sent has been sent, the last
+  /// of it stamped LastStamp.
   bool IsIdle();
   /// The latest stamp of any event sent so far.
   bigtime_t LastStamp() const { return mLastStamp.load(); }

@@ -53,8 +53,8 @@ class TPlayQueue {
     return data;
   }
 
-  /// Pops all events of the top's tick and returns the last of them: a burst of switches of the beep
-  /// within one tick is one event.
+  /// Pops all events of the top's tick and returns the last of them: a burst of switches of the
+  /// beep within one tick is one event.
   TPlayData OptimizedBeepQueuePop() {
     TPlayData data = Pop();
     while (!IsEmpty() && Top().tick == data.tick) data = Pop();

@@ -11,8 +11,8 @@ namespace zoka {
 
 class TMouseState {
  public:
-  /// Writers. `grphYScale` divides the row of the current position; the points of button events stay
-  /// in device rows (this is meant).
+  /// Writers. `grphYScale` divides the row of the current position; the points of button events
+  /// stay in device rows (this is meant).
   void SetMousePosCurrent(TPoint point, int grphYScale);
   void SetMouseButtonLeftState(int32_t state, TPoint point);
   void SetMouseButtonRightState(int32_t state, TPoint point);

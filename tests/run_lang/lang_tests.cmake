@@ -1,0 +1,11 @@
+# Read by ctest when it starts: one test a program, and one for what lies beside the programs.
+add_test(lang:tree ${RUN_LANG} --check-tree ${LANG_ROOT})
+set_tests_properties(lang:tree PROPERTIES LABELS static)
+file(GLOB_RECURSE programs RELATIVE ${LANG_ROOT} ${LANG_ROOT}/*.bas)
+foreach(program ${programs})
+  string(REGEX REPLACE "\\.bas$" "" name ${program})
+  if(NOT name MATCHES "\\.d/")
+    add_test(lang:${name} ${RUN_LANG} --zoka ${ZOKA} --exact ${name} ${LANG_ROOT})
+    set_tests_properties(lang:${name} PROPERTIES LABELS lang)
+  endif()
+endforeach()
