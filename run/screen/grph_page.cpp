@@ -1,0 +1,40 @@
+// The memory of a graphic page.
+#include "run/screen/grph_page.h"
+
+#include <sys/mman.h>
+
+#include <algorithm>
+#include <cstring>
+#include <new>
+
+namespace zoka {
+
+namespace {
+
+constexpr size_t PIXELS = static_cast<size_t>(SCREEN_WIDTH) * SCREEN_HEIGHT;
+
+/// Zeroed memory that costs nothing until it is touched.
+void* map_zeroed(size_t bytes) {
+  void* memory = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  if (memory == MAP_FAILED) throw std::bad_alloc();
+  return memory;
+}
+
+}  // namespace
+
+TGrphPage::TGrphPage()
+    : mIndex(static_cast<uint8_t*>(map_zeroed(PIXELS * (sizeof(uint8_t) + sizeof(uint32_t))))),
+      mReal(reinterpret_cast<uint32_t*>(mIndex + PIXELS)) {}
+
+TGrphPage::~TGrphPage() {
+  munmap(mIndex, PIXELS * (sizeof(uint8_t) + sizeof(uint32_t)));
+}
+
+void TGrphPage::Clear(const TPen& pen) {
+  if (mPristine && pen.index == 0 && pen.real == 0) return;
+  Touch();
+  std::memset(mIndex, pen.index, PIXELS);
+  std::fill_n(mReal, PIXELS, pen.real);
+}
+
+}  // namespace zoka

@@ -1,0 +1,89 @@
+// TBasicRsrc, repaint bookkeeping: what has changed since it was painted last.
+#include <algorithm>
+#include <utility>
+
+#include "run/screen/basic_rsrc.h"
+
+namespace zoka {
+
+namespace {
+
+/// Keeps sums and doubles of far coordinates within 32 bits; the painter cuts to the screen anyway.
+constexpr int32_t FAR_AWAY = 1 << 28;
+
+int32_t near_enough(int32_t v) {
+  return std::clamp(v, -FAR_AWAY, FAR_AWAY);
+}
+
+}  // namespace
+
+void TBasicRsrc::MarkKernel(const TRect& r) {
+  if (!r.IsValid()) return;
+  if (!modifiedRect.IsValid()) {
+    modifiedRect = r;
+    return;
+  }
+  modifiedRect = {std::min(modifiedRect.left, r.left), std::min(modifiedRect.top, r.top),
+                  std::max(modifiedRect.right, r.right), std::max(modifiedRect.bottom, r.bottom)};
+}
+
+void TBasicRsrc::MarkGrph(const TRect& r) {
+  if (activePage != displayPage || !grphVisible) return;
+  const int32_t top = near_enough(std::min(r.top, r.bottom)) * grphYScale;
+  const int32_t bottom = near_enough(std::max(r.top, r.bottom)) * grphYScale;
+  // One graphic row covers two device rows in the 200-line modes.
+  MarkKernel({std::min(r.left, r.right), top, std::max(r.left, r.right),
+              grphYScale == 2 ? bottom + 1 : bottom});
+}
+
+void TBasicRsrc::MarkAll() {
+  MarkGrph({0, 0, SCREEN_WIDTH, SCREEN_HEIGHT});
+}
+
+void TBasicRsrc::MarkTxt(int32_t from, int32_t to) {
+  if (from > to) std::swap(from, to);
+  const int32_t firstRow = from / txtCols;
+  const int32_t lastRow = to / txtCols;
+  TRect r{0, firstRow * cellHeight, SCREEN_WIDTH, (lastRow + 1) * cellHeight};
+  if (firstRow == lastRow) {
+    r.left = from % txtCols * cellWidth;
+    r.right = (to % txtCols + 1) * cellWidth;
+  }
+  MarkKernel(r);
+}
+
+void TBasicRsrc::SetScrModifiedKernel2(const TRect& r) {
+  TLock lock(mMutex);
+  MarkKernel(r);
+}
+
+void TBasicRsrc::SetScrModifiedByGrph2(const TRect& r) {
+  TLock lock(mMutex);
+  MarkGrph(r);
+}
+
+void TBasicRsrc::SetScrModifiedAll2() {
+  TLock lock(mMutex);
+  MarkAll();
+}
+
+void TBasicRsrc::SetScrModifiedByTxt2(int32_t from, int32_t to) {
+  TLock lock(mMutex);
+  MarkTxt(std::clamp(from, 0, MAX_TXT_CELLS - 1), std::clamp(to, 0, MAX_TXT_CELLS - 1));
+}
+
+void TBasicRsrc::UpdateScreen() {
+  if (owner) owner->UpdateScreenRqtd();
+}
+
+TRect TBasicRsrc::ModifiedRect() const {
+  TLock lock(mMutex);
+  return modifiedRect;
+}
+
+TRect TBasicRsrc::TakeModifiedRect() {
+  TLock lock(mMutex);
+  return std::exchange(modifiedRect, TRect{});
+}
+
+}  // namespace zoka
