@@ -72,6 +72,8 @@ class TClock {
   /// Blocks the calling thread until `deadline` (of system_time) or until `wake` is signalled;
   /// FOREVER waits for the signal alone. Returns true if it was the signal, which is used up.
   /// A deadline that has passed returns at once, after a look at the signal.
+  /// A thread that has not entered a simulated clock takes no part in its time: it waits in real
+  /// time, for the signal or as long as the deadline is away.
   virtual bool Wait(bigtime_t deadline, TWake& wake) = 0;
 
   /// A look at something that only time changes (an empty key buffer, the time of day, a counter).
@@ -96,17 +98,20 @@ class TClock {
   /// Brackets the life of an engine thread that waits on this clock (the machine, the player).
   /// On the simulated clock exactly one of these runs at a time: Enter blocks until it is this
   /// one's turn. PrepareThread is called by the creator before the thread starts, so that no time
-  /// passes meanwhile; it returns the token for Enter.
+  /// passes meanwhile; it returns the token for Enter. For a thread that has not entered, Poll and
+  /// RunningLong do nothing.
   virtual uint64_t PrepareThread(TActorClass order) = 0;
   virtual void EnterThread(uint64_t token) = 0;
   virtual void LeaveThread() = 0;
+  /// Gives a token back that no thread will enter with, since it could not be started.
+  virtual void AbandonThread(uint64_t token) = 0;
 
   /// Simulated time stands still while a thread of the engine is inside a real wait (a shown alert,
   /// a debugger's break). Brackets such a wait, which itself blocks on `wake` alone.
   virtual void RealWait(TWake& wake) = 0;
 
   /// Sleeps; ended early only by `wake` (then true).
-  bool snooze(bigtime_t span, TWake& wake) { return Wait(system_time() + span, wake); }
+  bool snooze(bigtime_t span, TWake& wake);
 
  protected:
   friend class TWake;

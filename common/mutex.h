@@ -23,7 +23,7 @@ class TMutex {
 
  private:
   std::mutex mMutex;
-  const TLockRank mRank;
+  [[maybe_unused]] const TLockRank mRank;  // looked at by debug builds only
 };
 
 using TLock = std::lock_guard<TMutex>;

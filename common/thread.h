@@ -30,8 +30,8 @@ class TThread {
   virtual void Terminate();
   bool IsTerminated() const { return mTerminated.load(std::memory_order_acquire); }
 
-  /// Starts the thread, once.
-  void Resume();
+  /// Starts the thread, once. False if the host refuses a thread: it then counts as ended with 0.
+  bool Resume();
   bool IsSuspended() const { return mSuspended; }
 
   /// Waits for the end of the thread; a host's thread calls this. Returns Execute's result in
@@ -56,8 +56,8 @@ class TThread {
   uint64_t mToken = 0;
   pthread_t mThread{};
   std::atomic<bool> mTerminated{false};
-  bool mSuspended = true;
-  bool mJoined = false;
+  std::atomic<bool> mSuspended{true};
+  bool mStarted = false;  // there is a thread to join
   int32_t mResult = 0;
   TActorClass mOrder;
 };
