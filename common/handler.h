@@ -2,11 +2,14 @@
 // holding a pointer to it.
 #pragma once
 
+#include <condition_variable>
 #include <cstdint>
 #include <map>
+#include <mutex>
+#include <thread>
+#include <vector>
 
 #include "common/message.h"
-#include "common/mutex.h"
 
 namespace zoka {
 
@@ -14,7 +17,8 @@ namespace zoka {
 class THandler {
  public:
   virtual ~THandler() = default;
-  /// Takes the message for handling on the handler's own thread; may queue it. Any thread.
+  /// Takes the message for handling on the handler's own thread; may queue it. Any thread. It may
+  /// post further messages and unregister any handler.
   virtual void PostMessage(const TMessage& message) = 0;
 };
 
@@ -23,13 +27,22 @@ class THandler {
 class THandlerRegistry {
  public:
   THandlerId Register(THandler* handler);
+  /// When it returns, no other thread is inside the handler's PostMessage.
   void Unregister(THandlerId id);
   /// Posts to the handler; false if it is gone.
   bool Post(THandlerId id, const TMessage& message);
 
  private:
-  TMutex mMutex{TLockRank::Leaf};
-  std::map<uint32_t, THandler*> mHandlers;
+  struct TEntry {
+    THandler* handler = nullptr;           // null once unregistered
+    std::vector<std::thread::id> posting;  // who is inside its PostMessage
+  };
+
+  void EndPosting(uint32_t id);
+
+  std::mutex mMutex;
+  std::condition_variable mPosted;  // waits last no longer than a post
+  std::map<uint32_t, TEntry> mEntries;
   uint32_t mLastId = 0;
 };
 

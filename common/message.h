@@ -53,6 +53,8 @@ class TMessage {
   explicit TMessage(uint32_t code) : what(code) {}
   explicit TMessage(std::string_view code) : what(message_code(code)) {}
 
+  /// Each adds a value to the field of that name, behind those that it has; to a field of another
+  /// type nothing is added.
   void AddString(std::string_view name, std::string_view value);
   void AddBool(std::string_view name, bool value);
   void AddInt32(std::string_view name, int32_t value);
@@ -89,8 +91,16 @@ class TMessage {
   /// Reads a flat form whole. Every length is checked against what is left, nothing is allocated by
   /// a declared size, all bytes must be used up. On failure returns false and leaves *this alone.
   bool Unflatten(std::string_view bytes);
+  /// The same for a message that lies `nesting` levels deep in another; at MAX_NESTING it may hold
+  /// none itself.
+  bool UnflattenNested(std::string_view bytes, int nesting);
 
  private:
+  void Add(std::string_view name, TValue value);
+  const TField* Field(std::string_view name) const;
+  template <typename T>
+  bool Find(std::string_view name, T* out, size_t index) const;
+
   std::vector<TField> mFields;
 };
 
