@@ -63,6 +63,7 @@ class TMidCode {
 
   /// Variables: records never move while the code exists. Find yields null for a miss.
   TVarInfo* FindVar(std::string_view suffixedName);
+  /// A plain variable of that kind; a record that is there already is returned as it is.
   TVarInfo* InsertVar(std::string_view suffixedName, TTokenKind kind);
   void EnumerateVars(const std::function<void(const std::string&, TVarInfo&)>& visit);
   /// Held while a debug view copies values, and by stores while a debugger runs the program.
@@ -73,10 +74,11 @@ class TMidCode {
   TUserFuncInfo* FindUserFunc(std::string_view name);
   TUserFuncInfo* InsertUserFunc(std::string_view name);
 
-  /// A literal for a record's operand; freed by Clear.
+  /// A literal for a record's operand; freed by Clear, after the variables that may hold it.
   TTextBlock* AddText(std::string_view text);
 
  private:
+  void FreeProgram();
   void InitTokenKindMap();
   void InitFuncProcMap();
 

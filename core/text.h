@@ -27,7 +27,7 @@ class TTextBlock {
   static TTextBlock* CreateLiteral(std::string_view text);
   static void FreeLiteral(TTextBlock* literal);
   /// The one empty text; immortal.
-  static TTextBlock* Empty();
+  static TTextBlock* Empty() { return &sEmpty; }
 
   /// The budget that new blocks of this thread count against; null for none.
   static void SetBudget(TMemoryBudget* budget);
@@ -50,28 +50,33 @@ class TTextBlock {
   bool Extend(uint32_t length, std::string_view more);
 
  private:
-  TTextBlock(int32_t count, uint32_t used, uint32_t capacity)
-      : mCount(count), mUsed(used), mCapacity(capacity) {}
+  constexpr TTextBlock(int32_t count, uint32_t used, uint32_t capacity, bool counted)
+      : mCount(count), mUsed(used), mCapacity(capacity), mCounted(counted ? 1 : 0) {}
   void Free();
+
+  static TTextBlock sEmpty;
 
   int32_t mCount;  // 0: immortal
   uint32_t mUsed;
   uint32_t mCapacity;
-  uint32_t mPadding = 0;
+  uint32_t mCounted;  // 1: its bytes stand in a budget
 };
 static_assert(sizeof(TTextBlock) == 16);
 
-/// A value: a block and how much of it. Owns one count of its block.
+/// A value: a block and how much of it. Owns one count of its block. Zeroed memory is an empty
+/// text, so that arrays of texts need no work before they are used.
 class TText {
  public:
-  TText() : mBlock(TTextBlock::Empty()) {}
+  TText() = default;
   /// Copies `text` up to its first NUL: texts of the language end there.
   explicit TText(std::string_view text);
   /// Takes over a count of `block`.
   TText(TTextBlock* block, uint32_t length) : mBlock(block), mLength(length) {}
-  TText(const TText& other) : mBlock(other.mBlock), mLength(other.mLength) { mBlock->Retain(); }
+  TText(const TText& other) : mBlock(other.mBlock), mLength(other.mLength) {
+    if (mBlock != nullptr) mBlock->Retain();
+  }
   TText(TText&& other) noexcept : mBlock(other.mBlock), mLength(other.mLength) {
-    other.mBlock = TTextBlock::Empty();
+    other.mBlock = nullptr;
     other.mLength = 0;
   }
   TText& operator=(TText other) noexcept {
@@ -81,24 +86,28 @@ class TText {
     mLength = other.mLength;
     return *this;
   }
-  ~TText() { mBlock->Release(); }
+  ~TText() {
+    if (mBlock != nullptr) mBlock->Release();
+  }
 
-  std::string_view View() const { return mBlock->View(mLength); }
+  std::string_view View() const { return Block()->View(mLength); }
   uint32_t Length() const { return mLength; }
-  TTextBlock* Block() const { return mBlock; }
-  /// Gives the count away.
+  /// Never null.
+  TTextBlock* Block() const { return mBlock != nullptr ? mBlock : TTextBlock::Empty(); }
+  /// Gives the count away, and the length is forgotten; never null.
   TTextBlock* Detach() {
-    TTextBlock* block = mBlock;
-    mBlock = TTextBlock::Empty();
+    TTextBlock* block = Block();
+    mBlock = nullptr;
     mLength = 0;
     return block;
   }
-  /// Left and right joined; extends the left's block in place where it can. Throws std::bad_alloc
-  /// or std::length_error beyond MAX_TEXT_BYTES.
+  /// Left and right joined; extends the left's block in place where it can. `right` holds no NUL
+  /// and may lie in the left's own block. Throws std::bad_alloc, or std::length_error beyond
+  /// MAX_TEXT_BYTES.
   static TText Concatenate(TText left, std::string_view right);
 
  private:
-  TTextBlock* mBlock;
+  TTextBlock* mBlock = nullptr;
   uint32_t mLength = 0;
 };
 

@@ -66,7 +66,8 @@ struct TVarInfo {
 
  private:
   void FreeStorage(void* storage, int32_t slots) const;
-  int64_t mBytes = 0;
+  void KeepFirst(void* storage) const;
+  int64_t mBytes = 0;  // what the storage counts in the budget
 };
 
 /// One DEF FN.

@@ -26,7 +26,7 @@ enum class THandlerKind : uint8_t { Handler, Empty, Nothing };
 /// A row of the operation table.
 struct TOperationRow {
   TVMCodeCmd cmd;
-  const char* name;     // the handler's name without "ExeBasic"
+  const char* name;  // the handler's name without "ExeBasic"
   THandlerKind kind;
   TOperandKind operand;
   const char* stack;    // what it takes and leaves, the top last

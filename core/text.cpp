@@ -1,0 +1,97 @@
+// The blocks behind the texts of a running program: allocation, the budget, growth.
+#include "core/text.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+#include <stdexcept>
+
+namespace zoka {
+namespace {
+
+thread_local TMemoryBudget* tBudget = nullptr;
+
+int64_t block_bytes(uint32_t capacity) {
+  return int64_t{sizeof(TTextBlock)} + capacity;
+}
+
+void* allocate_block(uint32_t capacity) {
+  void* memory = std::malloc(static_cast<size_t>(block_bytes(capacity)));
+  if (memory == nullptr) throw std::bad_alloc();
+  return memory;
+}
+
+/// Room beyond what is needed now, so that building a text piece by piece is linear.
+uint32_t grown_capacity(uint32_t length) {
+  return std::min(length + length / 2 + 16, MAX_TEXT_BYTES);
+}
+
+}  // namespace
+
+constinit TTextBlock TTextBlock::sEmpty{0, 0, 0, false};
+
+TTextBlock* TTextBlock::Create(std::string_view text, uint32_t capacity) {
+  const auto length = static_cast<uint32_t>(text.size());
+  capacity = std::max(capacity, length);
+  if (tBudget != nullptr && tBudget->used > tBudget->limit - block_bytes(capacity)) {
+    throw std::bad_alloc();
+  }
+  void* memory = allocate_block(capacity);
+  auto* block = new (memory) TTextBlock(1, length, capacity, tBudget != nullptr);
+  if (tBudget != nullptr) tBudget->used += block_bytes(capacity);
+  std::copy(text.begin(), text.end(), reinterpret_cast<char*>(block + 1));
+  return block;
+}
+
+TTextBlock* TTextBlock::CreateLiteral(std::string_view text) {
+  const auto length = static_cast<uint32_t>(text.size());
+  auto* block = new (allocate_block(length)) TTextBlock(0, length, length, false);
+  std::copy(text.begin(), text.end(), reinterpret_cast<char*>(block + 1));
+  return block;
+}
+
+void TTextBlock::FreeLiteral(TTextBlock* literal) {
+  if (literal != &sEmpty) std::free(literal);
+}
+
+void TTextBlock::SetBudget(TMemoryBudget* budget) {
+  tBudget = budget;
+}
+
+void TTextBlock::Free() {
+  // After a run its budget is gone, and its last texts go with the image.
+  if (mCounted != 0 && tBudget != nullptr) tBudget->used -= block_bytes(mCapacity);
+  std::free(this);
+}
+
+bool TTextBlock::Extend(uint32_t length, std::string_view more) {
+  if (mCount == 0 || length != mUsed || more.size() > mCapacity - mUsed) return false;
+  std::copy(more.begin(), more.end(), reinterpret_cast<char*>(this + 1) + mUsed);
+  mUsed += static_cast<uint32_t>(more.size());
+  return true;
+}
+
+TText::TText(std::string_view text) {
+  text = text.substr(0, text.find('\0'));
+  if (text.empty()) return;
+  if (text.size() > MAX_TEXT_BYTES) throw std::length_error("text");
+  mBlock = TTextBlock::Create(text, 0);
+  mLength = static_cast<uint32_t>(text.size());
+}
+
+TText TText::Concatenate(TText left, std::string_view right) {
+  if (right.empty()) return left;
+  if (right.size() > MAX_TEXT_BYTES - left.mLength) throw std::length_error("text");
+  const uint32_t length = left.mLength + static_cast<uint32_t>(right.size());
+  if (!left.Block()->Extend(left.mLength, right)) {
+    TText joined(TTextBlock::Create(left.View(), grown_capacity(length)), left.mLength);
+    joined.mBlock->Extend(joined.mLength, right);
+    joined.mLength = length;
+    return joined;
+  }
+  left.mLength = length;
+  return left;
+}
+
+}  // namespace zoka
