@@ -75,9 +75,9 @@ void TFmtSrc::MapLines(std::string_view editorText) {
 }
 
 size_t TFmtSrc::EditorOffset(size_t offset) const {
-  const auto after = std::upper_bound(
-      mInserts.begin(), mInserts.end(), offset,
-      [](size_t value, const TInsert& insert) { return value < insert.begin; });
+  const auto after =
+      std::upper_bound(mInserts.begin(), mInserts.end(), offset,
+                       [](size_t value, const TInsert& insert) { return value < insert.begin; });
   if (after == mInserts.begin()) return std::min(offset, mEditorSize);
   const TInsert& insert = after[-1];
   const size_t inside = offset - insert.begin;

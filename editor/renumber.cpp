@@ -10,7 +10,9 @@ namespace {
 
 constexpr char END_MARK = '\x1A';
 
-bool is_digit(char c) { return c >= '0' && c <= '9'; }
+bool is_digit(char c) {
+  return c >= '0' && c <= '9';
+}
 
 size_t skip_digits(std::string_view text, size_t at) {
   while (at < text.size() && is_digit(text[at])) ++at;
@@ -61,7 +63,9 @@ std::string apply_renumber(std::string_view text, const std::vector<TRenumEdit>&
   return result.append(text, done, text.size() - done);
 }
 
-bool is_numbered(std::string_view text) { return !text.empty() && is_digit(text[0]); }
+bool is_numbered(std::string_view text) {
+  return !text.empty() && is_digit(text[0]);
+}
 
 bool Renumber(std::string* text, int32_t newLine, int32_t oldLine, int32_t step,
               bool onlyIfUnnumbered) {

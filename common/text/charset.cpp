@@ -9,7 +9,9 @@ namespace zoka {
 
 namespace {
 
-std::string_view up_to_nul(std::string_view text) { return text.substr(0, text.find('\0')); }
+std::string_view up_to_nul(std::string_view text) {
+  return text.substr(0, text.find('\0'));
+}
 
 bool is_trail(std::string_view text, size_t at) {
   return at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0) == 0x80;

@@ -70,8 +70,8 @@ class TPairTable {
     UChar result[4] = {};
     UErrorCode error = U_ZERO_ERROR;
     const int32_t length = ucnv_toUChars(converter, result, 4, bytes, 2, &error);
-    const bool known = U_SUCCESS(error) && length == 1 && result[0] != ICU_UNKNOWN &&
-                       result[0] != ICU_SUBSTITUTE;
+    const bool known =
+        U_SUCCESS(error) && length == 1 && result[0] != ICU_UNKNOWN && result[0] != ICU_SUBSTITUTE;
     return known ? result[0] : u'\0';
   }
 
@@ -98,13 +98,20 @@ const TPairTable& pair_table() {
 /// The character by which the table knows one that other systems write differently.
 char32_t table_form(char32_t code) {
   switch (code) {
-    case 0x301C: return 0xFF5E;  // wave dash
-    case 0x2212: return 0xFF0D;  // minus sign
-    case 0x2016: return 0x2225;  // double vertical line
-    case 0x00A2: return 0xFFE0;  // cent sign
-    case 0x00A3: return 0xFFE1;  // pound sign
-    case 0x00AC: return 0xFFE2;  // not sign
-    default: return code;
+    case 0x301C:
+      return 0xFF5E;  // wave dash
+    case 0x2212:
+      return 0xFF0D;  // minus sign
+    case 0x2016:
+      return 0x2225;  // double vertical line
+    case 0x00A2:
+      return 0xFFE0;  // cent sign
+    case 0x00A3:
+      return 0xFFE1;  // pound sign
+    case 0x00AC:
+      return 0xFFE2;  // not sign
+    default:
+      return code;
   }
 }
 
@@ -122,6 +129,8 @@ char32_t jis_to_unicode(uint32_t jis) {
   return pair_table().Find(pair.lead, pair.trail);
 }
 
-uint32_t unicode_to_jis(char32_t code) { return pair_table().FindJis(table_form(code)); }
+uint32_t unicode_to_jis(char32_t code) {
+  return pair_table().FindJis(table_form(code));
+}
 
 }  // namespace zoka

@@ -27,7 +27,9 @@ bool read_lead(unsigned char byte, TLead* lead) {
   return true;
 }
 
-bool is_scalar(char32_t code) { return code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF); }
+bool is_scalar(char32_t code) {
+  return code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF);
+}
 
 /// Decodes a well-formed multi-byte character; false if there is none.
 bool decode_multi_byte(std::string_view text, char32_t* code, size_t* length) {

@@ -73,8 +73,7 @@ TEST(AppendUtf8, EveryLength) {
   std::string text;
   for (char32_t code : {0x41, 0x7F, 0x80, 0x7FF, 0x800, 0xFFFF, 0x10000, 0x10FFFF})
     append_utf8(&text, code);
-  EXPECT_EQ(text,
-            "A\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF");
+  EXPECT_EQ(text, "A\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF");
   std::string bad;
   append_utf8(&bad, 0xD800);
   append_utf8(&bad, 0x110000);

@@ -6,7 +6,9 @@
 namespace zoka {
 namespace {
 
-std::string formatted(std::string_view text) { return CreateFmtSrc(text).Text(); }
+std::string formatted(std::string_view text) {
+  return CreateFmtSrc(text).Text();
+}
 
 TEST(CreateFmtSrc, NumberedListsStay) {
   EXPECT_EQ(formatted("10 A\n20 B\n"), "10 A\n20 B\n");
@@ -30,7 +32,9 @@ TEST(CreateFmtSrc, EmptyListStaysEmpty) {
 }
 
 TEST(CreateFmtSrc, EachReturnAndEachEndMarkEndsALine) {
-  EXPECT_EQ(formatted("10 A\r\n20 B\x1A" "30 C\r"), "10 A\n\n20 B\n30 C\n");
+  EXPECT_EQ(formatted("10 A\r\n20 B\x1A"
+                      "30 C\r"),
+            "10 A\n\n20 B\n30 C\n");
 }
 
 TEST(CreateFmtSrc, EndsAtTheFirstNul) {
@@ -99,7 +103,9 @@ TEST(FmtSrcMap, LinesOfAPairOfCrAndLf) {
 }
 
 TEST(FmtSrcMap, CutLinesBelongToTheirLine) {
-  const TFmtSrc source = CreateFmtSrc("1 " + std::string(500, 'x') + "\n2 Y\x1A" "3 Z");
+  const TFmtSrc source = CreateFmtSrc("1 " + std::string(500, 'x') +
+                                      "\n2 Y\x1A"
+                                      "3 Z");
   EXPECT_EQ(source.EditorLine(0), 0);
   EXPECT_EQ(source.EditorLine(2), 0);
   EXPECT_EQ(source.EditorLine(3), 1);  // 2 Y

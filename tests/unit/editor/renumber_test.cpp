@@ -58,7 +58,11 @@ TEST(Renumber, UnnumberedListsOnly) {
 }
 
 TEST(Renumber, StopsAtAnEndMark) {
-  EXPECT_EQ(renumbered("10 A\n\x1A" "20 B\n", 100, 1, 10), "100 A\n\x1A" "20 B\n");
+  EXPECT_EQ(renumbered("10 A\n\x1A"
+                       "20 B\n",
+                       100, 1, 10),
+            "100 A\n\x1A"
+            "20 B\n");
   EXPECT_EQ(renumbered("10 A\x1A\n20 B", 100, 1, 10), "100 A\x1A\n20 B");
 }
 

@@ -1,0 +1,148 @@
+// Path rules of the drives, and folder listings.
+#include "run/screen/file_drives.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <memory>
+#include <utility>
+
+#include "common/exception.h"
+#include "common/file_path.h"
+
+namespace zoka {
+
+namespace {
+
+/// Links that are followed for a file that does not exist yet; the system's own limit.
+constexpr int MAX_LINKS = 40;
+
+[[noreturn]] void fail(const char* key) {
+  TException fault;
+  fault.key = key;
+  throw fault;
+}
+
+/// The number that a text starts with, blanks and a sign before it allowed; 0 if there is none.
+/// Beyond `INT32_MAX` it stays there.
+int32_t leading_number(std::string_view text) {
+  size_t at = std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size());
+  const bool isNegative = at < text.size() && text[at] == '-';
+  if (at < text.size() && (text[at] == '-' || text[at] == '+')) ++at;
+  int64_t value = 0;
+  for (; at < text.size() && text[at] >= '0' && text[at] <= '9'; ++at)
+    value = std::min<int64_t>(value * 10 + (text[at] - '0'), INT32_MAX);
+  return static_cast<int32_t>(isNegative ? -value : value);
+}
+
+std::string_view up_to_nul(std::string_view text) {
+  return text.substr(0, text.find('\0'));
+}
+
+/// The path with all links followed, empty with errno set if it does not exist.
+std::string real_path(const std::string& path) {
+  const std::unique_ptr<char, void (*)(void*)> real(realpath(path.c_str(), nullptr), std::free);
+  return real ? std::string(real.get()) : std::string();
+}
+
+/// The target of a link, empty if `path` is none.
+std::string link_target(const std::string& path) {
+  char target[PATH_MAX];
+  const ssize_t length = readlink(path.c_str(), target, sizeof target);
+  return length > 0 ? std::string(target, static_cast<size_t>(length)) : std::string();
+}
+
+/// Where a file would come to lie that is opened at `path`, which need not exist; empty with errno
+/// set if it can't be told, to ENOENT if a folder on the way does not exist.
+std::string place_of(std::string path) {
+  for (int links = 0; links < MAX_LINKS; ++links) {
+    const std::string real = real_path(path);
+    if (!real.empty() || errno != ENOENT) return real;
+    const std::string folder = real_path(extract_file_folder_path_kernel(path));
+    if (folder.empty()) return {};
+    const std::string place = folder + "/" + extract_file_name(path);
+    const std::string target = link_target(place);
+    if (target.empty()) return place;
+    path = target[0] == '/' ? target : folder + "/" + target;
+  }
+  errno = ELOOP;
+  return {};
+}
+
+bool lies_below(const std::string& place, const std::string& folder) {
+  if (folder == "/") return true;
+  return place.size() > folder.size() && place.starts_with(folder) && place[folder.size()] == '/';
+}
+
+/// A missing folder on the way is left to the one that opens; what else has no place is refused.
+bool is_within(const std::string& path, const std::string& folder) {
+  const std::string place = place_of(path);
+  if (place.empty()) return errno == ENOENT;
+  const std::string root = real_path(folder);
+  return !root.empty() && lies_below(place, root);
+}
+
+}  // namespace
+
+int32_t DriveNumber(std::string_view name) {
+  name = up_to_nul(name);
+  if (name.find(':') == std::string_view::npos) return 1;
+  const int32_t number = leading_number(name);
+  if (number < 1 || number > DRIVE_COUNT) fail("@Runtime_Err_Bad_Drive_Number@");
+  return number;
+}
+
+void TDriveFolders::SetFolder(int32_t drvIdx, std::string path) {
+  TLock hold(mLock);
+  mFolders[static_cast<size_t>(drvIdx)] = std::move(path);
+}
+
+std::string TDriveFolders::Folder(int32_t drvIdx) const {
+  TLock hold(mLock);
+  return mFolders[static_cast<size_t>(drvIdx)];
+}
+
+std::string TDriveFolders::FullPathFName(std::string_view name, bool mustExist) const {
+  name = up_to_nul(name);
+  const std::string folder = Folder(DriveNumber(name) - 1);
+  const size_t colon = name.find(':');
+  if (colon != std::string_view::npos) name.remove_prefix(colon + 1);
+  if (folder.empty()) fail("@Runtime_Err_Disk_Offline@");
+  const std::string path = folder + "/" + std::string(name);
+  if (!is_within(path, folder)) fail("@Runtime_Err_Cannot_Open_File@");
+  struct stat status;
+  const bool exists = stat(path.c_str(), &status) == 0;
+  if (exists && !S_ISREG(status.st_mode)) fail("@Runtime_Err_Cannot_Open_File@");
+  if (!exists && mustExist) fail("@Runtime_Err_File_Not_Found@");
+  return path;
+}
+
+std::vector<TFolderEntry> list_folder(const std::string& path) {
+  std::vector<TFolderEntry> entries;
+  const std::unique_ptr<DIR, int (*)(DIR*)> folder(opendir(path.c_str()), closedir);
+  if (!folder) return entries;
+  while (const dirent* entry = readdir(folder.get())) {
+    const std::string_view name = entry->d_name;
+    if (name != "." && name != "..") entries.push_back({std::string(name), 0});
+  }
+  std::sort(entries.begin(), entries.end(),
+            [](const TFolderEntry& a, const TFolderEntry& b) { return a.name < b.name; });
+  for (TFolderEntry& entry : entries) {
+    struct stat status;
+    const bool known = fstatat(dirfd(folder.get()), entry.name.c_str(), &status, 0) == 0;
+    if (known && S_ISREG(status.st_mode)) entry.size = status.st_size;
+  }
+  return entries;
+}
+
+int64_t size_in_kbytes(int64_t bytes) {
+  return bytes >= 1 && bytes <= 1022 ? 1 : bytes / 1024;
+}
+
+}  // namespace zoka
