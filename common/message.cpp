@@ -79,6 +79,10 @@ bool TMessage::FindHandler(std::string_view name, THandlerId* out, size_t index)
   return Find(name, out, index);
 }
 
+void TMessage::AddField(const TField& field) {
+  if (!Field(field.name)) mFields.push_back(field);
+}
+
 bool TMessage::HasField(std::string_view name) const { return Field(name) != nullptr; }
 
 void TMessage::RemoveName(std::string_view name) {

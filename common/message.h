@@ -79,6 +79,8 @@ class TMessage {
   bool FindRef(std::string_view name, TPathRef* out, size_t index = 0) const;
   bool FindHandler(std::string_view name, THandlerId* out, size_t index = 0) const;
 
+  /// Adds a whole field with all its values, unless there is one of that name.
+  void AddField(const TField& field);
   bool HasField(std::string_view name) const;
   void RemoveName(std::string_view name);
   /// Removes `name` and adds the value: the field then has just that one.

@@ -1,0 +1,62 @@
+// TArchivable: a record that is kept as one flattened message in a file, and TKORUNEArchivable: one
+// that knows its place among the settings. They know nothing of what the fields mean.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "app/settings/settings_place.h"
+#include "common/message.h"
+
+namespace zoka {
+
+/// A settings file larger than this is none.
+constexpr size_t MAX_SETTINGS_BYTES = 16u << 20;
+
+/// Base of records. A missing or wrongly typed field keeps its default, and fields that the record
+/// does not know come back when it is saved, so that files of other versions keep what they hold.
+class TArchivable {
+ public:
+  virtual ~TArchivable() = default;
+
+  /// Writes the fields. Returns 0, or a failure which keeps them from being saved.
+  virtual int32_t Archive(TMessage*) const { return 0; }
+  /// Takes over the fields that are there.
+  virtual void Unarchive(const TMessage&) {}
+  /// True if the field is one of the record's own.
+  virtual bool KnowsField(std::string_view) const { return false; }
+
+  /// Writes the file. If Archive fails the file is left empty; if the disk fails, as it was.
+  /// Returns 0 or -1.
+  int32_t Save(const std::string& path) const;
+  /// Reads the file. A file that is no message changes nothing. Returns 0 or -1.
+  int32_t Load(const std::string& path);
+
+ private:
+  TMessage mUnknown;  // the fields of the loaded file that the record does not know
+};
+
+/// A record with a place. Copying takes over the values; each object keeps its own place.
+class TKORUNEArchivable : public TArchivable {
+ public:
+  /// Without a place nothing is read or written, and both operations return -1.
+  explicit TKORUNEArchivable(const TSettingsPlace* place) : mPlace(place) {}
+
+  /// Saves and loads the file of that name. With the four reset keys held, nothing is saved, and
+  /// loading removes the file; both then return -1.
+  int32_t SaveByName(const char* folder, const char* file) const;
+  int32_t LoadByName(const char* folder, const char* file);
+
+ protected:
+  TKORUNEArchivable(const TKORUNEArchivable&) = default;
+  TKORUNEArchivable& operator=(const TKORUNEArchivable& other) {
+    TArchivable::operator=(other);
+    return *this;
+  }
+
+ private:
+  const TSettingsPlace* mPlace;
+};
+
+}  // namespace zoka
