@@ -9,6 +9,7 @@
 #include <atomic>
 #include <cstdint>
 #include <functional>
+#include <initializer_list>
 #include <map>
 #include <memory>
 #include <string>
@@ -113,14 +114,13 @@ class TMidiLocalProducer {
   friend class TMidiRoster;
   bool Add(std::shared_ptr<TMidiConsumer> consumer);
   bool Remove(int32_t consumerId);
-  void Spray(bigtime_t stamp, std::initializer_list<uint8_t> bytes);
+  void Spray(bigtime_t stamp, uint8_t status, uint8_t channel, std::initializer_list<uint8_t> data);
   void Deliver(bigtime_t stamp, std::string bytes);
 
   TClock& mClock;
   const std::string mName;
   const int32_t mId;
-  // Held while an event is handed over, so that events arrive in order and none after a
-  // disconnection.
+  // Held while an event is handed over: events arrive in order, and none after a disconnection.
   TMutex mDelivery{TLockRank::Variables};
   std::vector<std::shared_ptr<TMidiConsumer>> mConsumers;
   std::vector<TMidiSink*> mRecorders;
@@ -170,8 +170,8 @@ class TMidiRoster {
   bool Connect(TMidiLocalProducer& producer, int32_t consumerId);
   bool Disconnect(TMidiLocalProducer& producer, int32_t consumerId);
 
-  /// Sets who is told; one at a time. StopWatching returns when no notice is under way, unless it
-  /// is called from the watcher itself.
+  /// Sets who is told; one at a time. A notice may still be under way when StopWatching returns, so
+  /// the watcher posts to a handler rather than acting itself.
   void StartWatching(TWatcher watcher);
   void StopWatching();
 

@@ -50,7 +50,8 @@ constexpr const char BEEP_ON[] = "\"1";
 class TPlayEventTarget {
  public:
   virtual ~TPlayEventTarget() = default;
-  /// Raises a trap. Called on the player's thread; must be short and must not call the player.
+  /// Raises a trap. Called on the player's thread with a lock of rank Variables held; must be short
+  /// and must not call the player.
   virtual void HappenInterrupt(int32_t mask) = 0;
   /// True once the machine is asked to end: its waits inside the player end.
   virtual bool IsTerminated() const = 0;
@@ -106,7 +107,7 @@ class TMmlPlayer final : public TThread {
   /// True if no channel has events queued ahead of the present tick.
   bool IsBufferEmpty();
 
-  /// True if nothing is queued and the thread rests; all that will be sent has been sent, the last
+  /// True if nothing is queued and the thread rests: all that will be sent has been sent, the last
   /// of it stamped LastStamp.
   bool IsIdle();
   /// The latest stamp of any event sent so far.
