@@ -63,10 +63,14 @@ void TMmlPlayer::Terminate() {
 }
 
 void TMmlPlayer::Resume() {
+  const bool rested = mResting;
   mResumed = true;
   // Without a thread there is no music, and nobody must wait for it.
   if (!mStarted.exchange(true) && !TThread::Resume()) TThread::Terminate();
   mResumeWake.Signal();
+  // The player is more urgent than whoever wakes it. On the simulated clock it is due now, so this
+  // lets it have its turn before the caller goes on, and no time passes.
+  if (rested && !IsTerminated()) Clock().RunningLong();
 }
 
 // `base` is the real time of `curTick`. While music goes on it grows by the events' distances and

@@ -20,7 +20,7 @@ struct TSmf {
   int format = 0;
   int tracks = 0;
   int division = 0;
-  std::vector<TSmfEvent> events;   // without meta events
+  std::vector<TSmfEvent> events;  // without meta events
   std::vector<TSmfEvent> metas;
 };
 
@@ -70,7 +70,8 @@ class TSmfReader {
     smf.division = static_cast<int>(Number(2));
     Expect("MTrk");
     const int64_t length = Number(4);
-    if (mPos + static_cast<size_t>(length) != mFile.size()) throw std::runtime_error("track length");
+    if (mPos + static_cast<size_t>(length) != mFile.size())
+      throw std::runtime_error("track length");
     while (ReadEvent(&smf)) {
     }
     if (mPos != mFile.size()) throw std::runtime_error("bytes behind the end of the track");

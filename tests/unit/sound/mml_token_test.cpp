@@ -32,23 +32,24 @@ TEST_P(TokenRow, IsOneTokenAndThenTheEnd) {
 using K = TMmlTokenKind;
 INSTANTIATE_TEST_SUITE_P(
     All, TokenRow,
-    testing::Values(
-        TRow{"0", K::Number, "0"}, TRow{"4608", K::Number, "4608"}, TRow{"A", K::Pitch, "9"},
-        TRow{"B", K::Pitch, "11"}, TRow{"C", K::Pitch, "0"}, TRow{"D", K::Pitch, "2"},
-        TRow{"E", K::Pitch, "4"}, TRow{"F", K::Pitch, "5"}, TRow{"G", K::Pitch, "7"},
-        TRow{"A+", K::Pitch, "10"}, TRow{"A#", K::Pitch, "10"}, TRow{"A-", K::Pitch, "8"},
-        TRow{"B+", K::Pitch, "12"}, TRow{"C-", K::Pitch, "-1"}, TRow{"G#", K::Pitch, "8"},
-        TRow{"M", K::M, "M"}, TRow{"S", K::S, "S"}, TRow{"V", K::V, "V"}, TRow{"L", K::L, "L"},
-        TRow{"Q", K::Q, "Q"}, TRow{"O", K::O, "O"}, TRow{"<", K::Lt, "<"}, TRow{">", K::Gt, ">"},
-        TRow{"K", K::K, "K"}, TRow{"T", K::T, "T"}, TRow{"R", K::R, "R"}, TRow{"P", K::R, "P"},
-        TRow{"+", K::Plus, "+"}, TRow{"#", K::Plus, "#"}, TRow{"-", K::Minus, "-"},
-        TRow{".", K::Period, "."}, TRow{",", K::Comma, ","}, TRow{"^", K::Hat, "^"},
-        TRow{"{", K::Lseq, "{"}, TRow{"}", K::Rseq, "}"}, TRow{"@", K::At, "@"},
-        TRow{"Y", K::Y, "Y"}, TRow{"@V", K::AtV, "@V"}, TRow{"@W", K::AtW, "@W"},
-        TRow{"_", K::Trans, "_"}, TRow{"!", K::Lfo, "!"}, TRow{"\"", K::Beep, "\""},
-        TRow{"*", K::Star, "*"}, TRow{"Z", K::Z, "Z"}, TRow{"MF", K::Mf, "MF"},
-        TRow{"MB", K::Mb, "MB"}, TRow{"", K::End, ""}, TRow{" \t\r\n\v\f", K::End, ""},
-        TRow{"  C", K::Pitch, "0"}));
+    testing::Values(TRow{"0", K::Number, "0"}, TRow{"4608", K::Number, "4608"},
+                    TRow{"A", K::Pitch, "9"}, TRow{"B", K::Pitch, "11"}, TRow{"C", K::Pitch, "0"},
+                    TRow{"D", K::Pitch, "2"}, TRow{"E", K::Pitch, "4"}, TRow{"F", K::Pitch, "5"},
+                    TRow{"G", K::Pitch, "7"}, TRow{"A+", K::Pitch, "10"},
+                    TRow{"A#", K::Pitch, "10"}, TRow{"A-", K::Pitch, "8"},
+                    TRow{"B+", K::Pitch, "12"}, TRow{"C-", K::Pitch, "-1"},
+                    TRow{"G#", K::Pitch, "8"}, TRow{"M", K::M, "M"}, TRow{"S", K::S, "S"},
+                    TRow{"V", K::V, "V"}, TRow{"L", K::L, "L"}, TRow{"Q", K::Q, "Q"},
+                    TRow{"O", K::O, "O"}, TRow{"<", K::Lt, "<"}, TRow{">", K::Gt, ">"},
+                    TRow{"K", K::K, "K"}, TRow{"T", K::T, "T"}, TRow{"R", K::R, "R"},
+                    TRow{"P", K::R, "P"}, TRow{"+", K::Plus, "+"}, TRow{"#", K::Plus, "#"},
+                    TRow{"-", K::Minus, "-"}, TRow{".", K::Period, "."}, TRow{",", K::Comma, ","},
+                    TRow{"^", K::Hat, "^"}, TRow{"{", K::Lseq, "{"}, TRow{"}", K::Rseq, "}"},
+                    TRow{"@", K::At, "@"}, TRow{"Y", K::Y, "Y"}, TRow{"@V", K::AtV, "@V"},
+                    TRow{"@W", K::AtW, "@W"}, TRow{"_", K::Trans, "_"}, TRow{"!", K::Lfo, "!"},
+                    TRow{"\"", K::Beep, "\""}, TRow{"*", K::Star, "*"}, TRow{"Z", K::Z, "Z"},
+                    TRow{"MF", K::Mf, "MF"}, TRow{"MB", K::Mb, "MB"}, TRow{"", K::End, ""},
+                    TRow{" \t\r\n\v\f", K::End, ""}, TRow{"  C", K::Pitch, "0"}));
 
 TEST(MmlScanner, NumbersOfTheKindsAreFixed) {
   EXPECT_EQ(static_cast<int>(K::Number), 0);

@@ -37,8 +37,12 @@ inline TSeen note_on(int64_t time, int ch, int note, int velocity) {
 inline TSeen note_off(int64_t time, int ch, int note, int velocity) {
   return {time, {0x80 + ch, note, velocity}};
 }
-inline TSeen program(int64_t time, int ch, int number) { return {time, {0xC0 + ch, number}}; }
-inline TSeen control(int64_t time, int ch, int number) { return {time, {0xB0 + ch, number, 0}}; }
+inline TSeen program(int64_t time, int ch, int number) {
+  return {time, {0xC0 + ch, number}};
+}
+inline TSeen control(int64_t time, int ch, int number) {
+  return {time, {0xB0 + ch, number, 0}};
+}
 
 /// Keeps events in the order of sending.
 class TSeenSink : public zoka::TMidiSink {
