@@ -14,6 +14,7 @@
 
 namespace zoka {
 
+class TInterAppPrefs;
 class TPrefs;
 class TExitStates;
 
@@ -30,12 +31,15 @@ struct TZokaAppPrivacy {
 };
 
 /// Services and shared state of one engine. The front end owns it and keeps it alive for as long as
-/// anything of the engine lives. Pointers are not owned and, but for `alertHost`, never null.
+/// anything of the engine lives. Pointers are not owned and, but where said, never null.
 struct TEngineContext {
   TClock* clock = nullptr;
   TCatalogue* catalogue = nullptr;
   TPrefs* prefs = nullptr;
   TExitStates* exitStates = nullptr;
+  /// May be null: the shared preferences then have their defaults.
+  TInterAppPrefs* interAppPrefs = nullptr;
+  /// May be null: alerts are then answered by nobody.
   TAlertHost* alertHost = nullptr;
   TZokaAppPrivacy privacy;
   /// Number of the next internal label "@L<n>"; never reset, so that no name is used twice.
