@@ -97,8 +97,9 @@ void TInterAppPrefs::SaveItem(std::string_view name) const {
     Find(name)->GetValue(&message);
   }
   const std::string item(name);
+  const std::string file = item + ITEM_FILE_EXT;
   add_default_info(&message, item);
-  if (mPlace && get_settings_entry(*mPlace, SHARED_FOLDER, item + ITEM_FILE_EXT, true, &path) == 0) {
+  if (mPlace && get_settings_entry(*mPlace, SHARED_FOLDER, file, true, &path) == 0) {
     save_file_atomically(path, message.Flatten());
   }
 }
