@@ -1,0 +1,33 @@
+10 ' Bio rhythm: three waves of 23, 28 and 33 days since birth.
+20 DEFINT D,K,M,R,Y
+30 PI#=3.14159265358979#
+40 Y=1984:M=4:D=1:GOSUB *DAYNUMBER:DBIRTH=DN
+50 Y=2028:M=2:D=20:GOSUB *DAYNUMBER:DFIRST=DN
+60 PRINT "Day";DFIRST-DBIRTH;"of your life. B body, F feeling, M mind"
+70 PRINT "       low                  0                   high"
+80 FOR DAY=DFIRST TO DFIRST+14
+90 DAGE=DAY-DBIRTH
+100 PRINT USING "######";DAGE;
+110 R=23:GOSUB *WAVE:KBODY=K
+120 R=28:GOSUB *WAVE:KFEEL=K
+130 R=33:GOSUB *WAVE:KMIND=K
+140 L$=" "
+150 FOR K=0 TO 40
+160 T$=" ":IF K=20 THEN T$="|"
+170 IF K=KBODY THEN T$="B"
+180 IF K=KFEEL THEN T$="F"
+190 IF K=KMIND THEN T$="M"
+200 L$=L$+T$
+210 NEXT K
+220 PRINT L$
+230 NEXT DAY
+240 END
+250 ' K: the column from 0 to 40 of the wave of R days at age DAGE.
+260 *WAVE
+270 K=CINT(20+20*SIN(2*PI#*(DAGE MOD R)/R))
+280 RETURN
+290 ' DN: the days from a day long ago to the day Y, M, D.
+300 *DAYNUMBER
+310 IF M<3 THEN M=M+12:Y=Y-1
+320 DN=365*Y+Y\4-Y\100+Y\400+(153*(M-3)+2)\5+D
+330 RETURN
