@@ -31,8 +31,12 @@ std::string extension_of(const fs::path& path) {
   return dot == std::string::npos ? "" : file.substr(dot);
 }
 
+/// What lies in a folder, by name; nothing if there is no such folder.
 std::vector<fs::path> sorted_entries(const fs::path& folder) {
   std::vector<fs::path> entries;
+  if (!fs::exists(folder)) {
+    return entries;
+  }
   for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
     entries.push_back(entry.path());
   }

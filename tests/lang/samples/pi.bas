@@ -1,1 +1,0 @@
-../../../samples/pi.bas
