@@ -215,11 +215,11 @@ TEST_F(PlayWav, TheSameMusicGivesTheSameBytes) {
 }
 
 TEST_F(PlayWav, ALongSilenceIsKeptAndCheap) {
-  // Ten minutes of rest.
-  const std::vector<TMidiEvent> events = {{600000000, "\x90\x48\x40"}, {600500000, "\x80\x48\x40"}};
+  // A minute of rest.
+  const std::vector<TMidiEvent> events = {{60000000, "\x90\x48\x40"}, {60500000, "\x80\x48\x40"}};
   ASSERT_TRUE(write_wav_file(Path("c.wav"), events));
   const std::string bytes = read_file(Path("c.wav"));
-  EXPECT_GT(bytes.size(), 44u + 600u * 44100u * 4u);
+  EXPECT_GT(bytes.size(), 44u + 60u * 44100u * 4u);
 }
 
 TEST_F(PlayWav, WhatNoFileHoldsIsRefused) {
