@@ -24,8 +24,9 @@ constexpr int32_t MAX_COMPILER_DEPTH = 2000;
 /// How a compilation ended. An empty list is no failure, but there is nothing to run.
 enum class TCompileResult : uint8_t { Runnable, Empty, Failed, Cancelled };
 
-/// Compiles once. Runs on the caller's thread; nothing else touches the image meanwhile, but any
-/// thread may set the cancel flag.
+/// Compiles once. Runs on the caller's thread, whose stack has to be of ENGINE_STACK_BYTES for lists
+/// that nest deeply; nothing else touches the image meanwhile, but any thread may set the cancel
+/// flag.
 class TCompiler {
  public:
   /// `code` is empty (TMidCode::Clear) and not owned. `cancel` may be null; it is looked at with
@@ -48,9 +49,26 @@ class TCompiler {
   /// An element of an argument list, and whether it may be left out.
   using TArgSpec = std::vector<std::pair<TTokenKind, bool>>;
 
+  /// Thrown where the cancel flag is seen.
+  struct TCancelled {};
+  /// Operators of one level of precedence, and the level that compiles their operands.
+  struct TLevel;
+
   // --- driver (compiler.cpp)
+  TCompileResult CompileText();
+  void CompileProgram();
+  TCompileResult Failed(const TException& fault);
+  int32_t CompatiMode() const;
+  bool IsCancelled() const {
+    return mCancel != nullptr && mCancel->load(std::memory_order_relaxed);
+  }
+  void CheckCancel() const {
+    if (IsCancelled()) throw TCancelled{};
+  }
+  [[noreturn]] void WaitForCancel() const;
   TToken CompileBlock(const TToken& first);
   TToken CompileLine(const TToken& first, bool afterThenElse);
+  TToken CompileStar(const TToken& star, bool afterThenElse);
   TToken CompileExprStatement(const TToken& first, bool afterThenElse);
   TToken ParseLineNum(const TToken& first);
   TToken ParseLabel(const TToken& star);
@@ -98,6 +116,8 @@ class TCompiler {
   TToken TokenMisc();
   TToken TokenComment();
   int64_t TokenIdentKernel(std::string* buffer, int64_t start);
+  int32_t ReadHex();
+  int32_t ReadOctal();
   void SkipSpace();
   TToken SkipComment();
   static bool IsMultiExprEndToken(const TToken& token);
@@ -113,10 +133,14 @@ class TCompiler {
                 TTokenKind* kind);
   TVarInfo* FindVarInfo(const std::string& name);
   TTokenKind DistinctVarType(std::string_view name) const;
+  TToken GenSubscripts(const TToken& first);
   TToken SetDefVarType(TTokenKind type);
+  char ReadDefVarLetter();
+  void InitVarTypeTables();
   TTokenKind SelectVarType(TTokenKind a, TTokenKind b, bool force) const;
   void GenExpr1(TToken* token, bool* lvalue, bool* forceType, bool assign, TTokenKind* kind);
   void GenExpr2(TToken* token, bool* lvalue, bool* forceType, bool assign, TTokenKind* kind);
+  void GenExpr2b(TToken* token, bool* lvalue, bool* forceType, bool assign, TTokenKind* kind);
   void GenExpr3(TToken* token, bool* lvalue, bool* forceType, bool assign, TTokenKind* kind);
   void GenExpr4(TToken* token, bool* lvalue, bool* forceType, bool assign, TTokenKind* kind);
   void GenExpr5(TToken* token, bool* lvalue, bool* forceType, bool assign, TTokenKind* kind);
@@ -131,6 +155,11 @@ class TCompiler {
   void GenExpr14(TToken* token, bool* lvalue, bool* forceType, bool assign, TTokenKind* kind);
   void GenExpr15(TToken* token, bool* lvalue, bool assign, TTokenKind* kind);
   void GenExpr16(TToken* token, bool* lvalue, bool assign, TTokenKind* kind);
+  void GenLevel(TToken* token, bool* lvalue, bool* forceType, bool assign, TTokenKind* kind,
+                const TLevel& level);
+  void GenLiteral(TToken* token, bool* lvalue, bool* forceType, bool assign, TTokenKind* kind);
+  void AddLiteral(const TToken& literal);
+  void GenValue(TToken* token, bool* lvalue, bool* forceType, bool assign, TTokenKind* kind);
   void GenExprNot(TToken* token, bool* lvalue, bool* forceType, bool assign, TTokenKind* kind,
                   TOperandGen next, TOperandGen recurse);
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <ostream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -16,12 +15,6 @@ struct TSmfEvent {
   std::vector<int> bytes;
   bool operator==(const TSmfEvent&) const = default;
 };
-
-inline std::ostream& operator<<(std::ostream& out, const TSmfEvent& event) {
-  out << "{" << event.time << ", {";
-  for (int byte : event.bytes) out << " " << byte;
-  return out << " }}";
-}
 
 struct TSmf {
   int format = 0;
