@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "common/context.h"
+
 namespace zoka {
 
 namespace {
@@ -210,6 +212,10 @@ void TMidiRoster::Notify(const TMidiNotice& notice) {
     watcher = mWatcher;
   }
   if (watcher) (*watcher)(notice);
+}
+
+std::string midi_out_name() {
+  return std::string(APP_NAME) + " OUT";
 }
 
 void spray_silence(TMidiLocalProducer& producer) {

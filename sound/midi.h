@@ -185,6 +185,9 @@ class TMidiRoster {
   std::shared_ptr<TWatcher> mWatcher;
 };
 
+/// The name of the player's producer: the application's and " OUT".
+std::string midi_out_name();
+
 /// Sends the three control changes of silence on all 16 channels, at once.
 void spray_silence(TMidiLocalProducer& producer);
 

@@ -6,19 +6,13 @@
 #include <cerrno>
 #include <string>
 
-#include "common/exception.h"
+#include "run/screen/file_fault.h"
 
 namespace zoka {
 
 namespace {
 
 constexpr char DATA_FILE_TYPE[] = "text/plain";
-
-[[noreturn]] void fail(const char* key) {
-  TException fault;
-  fault.key = key;
-  throw fault;
-}
 
 bool is_file_number(int32_t number) {
   return number >= 1 && number <= FILE_COUNT;
@@ -41,14 +35,14 @@ int open_flags(int32_t mode) {
 
 void TFileTable::Open(const TDriveFolders& drives, std::string_view name, int32_t number,
                       int32_t mode) {
-  if (name.empty() || name[0] == '\0') fail("@Runtime_Err_File_Not_Found@");
-  if (Find(number)) fail("@Runtime_Err_File_Already_Open@");
-  if (!is_file_number(number)) fail("@Runtime_Err_Bad_File_Number@");
+  if (name.empty() || name[0] == '\0') fail_file("@Runtime_Err_File_Not_Found@");
+  if (Find(number)) fail_file("@Runtime_Err_File_Already_Open@");
+  if (!is_file_number(number)) fail_file("@Runtime_Err_Bad_File_Number@");
   const std::string path = drives.FullPathFName(name, false);
   TZokaFile& file = mFiles[static_cast<size_t>(number - 1)];
   const int error = file.SetTo(path, open_flags(mode));
-  if (error == ENOENT) fail("@Runtime_Err_File_Not_Found@");
-  if (error != 0) fail("@Runtime_Err_Cannot_Open_File@");
+  if (error == ENOENT) fail_file("@Runtime_Err_File_Not_Found@");
+  if (error != 0) fail_file("@Runtime_Err_Cannot_Open_File@");
   file.SetDrvIdx(DriveNumber(name) - 1);
   file.SetTypeIfNone(DATA_FILE_TYPE);
 }
@@ -60,7 +54,7 @@ TZokaFile* TFileTable::Find(int32_t number) {
 }
 
 void TFileTable::Close(int32_t number) {
-  if (!is_file_number(number)) fail("@Runtime_Err_Ill_Func_Call@");
+  if (!is_file_number(number)) fail_file("@Runtime_Err_Ill_Func_Call@");
   mFiles[static_cast<size_t>(number - 1)].Unset();
 }
 

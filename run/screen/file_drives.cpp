@@ -13,8 +13,8 @@
 #include <memory>
 #include <utility>
 
-#include "common/exception.h"
 #include "common/file_path.h"
+#include "run/screen/file_fault.h"
 
 namespace zoka {
 
@@ -22,12 +22,6 @@ namespace {
 
 /// Links that are followed for a file that does not exist yet; the system's own limit.
 constexpr int MAX_LINKS = 40;
-
-[[noreturn]] void fail(const char* key) {
-  TException fault;
-  fault.key = key;
-  throw fault;
-}
 
 /// The number that a text starts with, blanks and a sign before it allowed; 0 if there is none.
 /// Beyond `INT32_MAX` it stays there.
@@ -94,7 +88,7 @@ int32_t DriveNumber(std::string_view name) {
   name = up_to_nul(name);
   if (name.find(':') == std::string_view::npos) return 1;
   const int32_t number = leading_number(name);
-  if (number < 1 || number > DRIVE_COUNT) fail("@Runtime_Err_Bad_Drive_Number@");
+  if (number < 1 || number > DRIVE_COUNT) fail_file("@Runtime_Err_Bad_Drive_Number@");
   return number;
 }
 
@@ -113,13 +107,13 @@ std::string TDriveFolders::FullPathFName(std::string_view name, bool mustExist) 
   const std::string folder = Folder(DriveNumber(name) - 1);
   const size_t colon = name.find(':');
   if (colon != std::string_view::npos) name.remove_prefix(colon + 1);
-  if (folder.empty()) fail("@Runtime_Err_Disk_Offline@");
+  if (folder.empty()) fail_file("@Runtime_Err_Disk_Offline@");
   const std::string path = folder + "/" + std::string(name);
-  if (!is_within(path, folder)) fail("@Runtime_Err_Cannot_Open_File@");
+  if (!is_within(path, folder)) fail_file("@Runtime_Err_Cannot_Open_File@");
   struct stat status;
   const bool exists = stat(path.c_str(), &status) == 0;
-  if (exists && !S_ISREG(status.st_mode)) fail("@Runtime_Err_Cannot_Open_File@");
-  if (!exists && mustExist) fail("@Runtime_Err_File_Not_Found@");
+  if (exists && !S_ISREG(status.st_mode)) fail_file("@Runtime_Err_Cannot_Open_File@");
+  if (!exists && mustExist) fail_file("@Runtime_Err_File_Not_Found@");
   return path;
 }
 

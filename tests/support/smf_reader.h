@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <ostream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -15,6 +16,12 @@ struct TSmfEvent {
   std::vector<int> bytes;
   bool operator==(const TSmfEvent&) const = default;
 };
+
+inline std::ostream& operator<<(std::ostream& out, const TSmfEvent& event) {
+  out << "{" << event.time << ", {";
+  for (int byte : event.bytes) out << " " << byte;
+  return out << " }}";
+}
 
 struct TSmf {
   int format = 0;

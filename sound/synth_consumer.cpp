@@ -1,0 +1,151 @@
+// Live sound of the built-in synthesiser.
+#include "sound/synth_consumer.h"
+
+#include <algorithm>
+
+#include "sound/alsa_api.h"
+
+namespace zoka {
+
+namespace {
+
+constexpr bigtime_t SECOND = 1000000;
+
+// The samples follow the clock if they lag by more than this or hurry on by more than that; in
+// between they keep their own even time. Devices take a buffer's worth ahead.
+constexpr bigtime_t MAX_LAG = 10000;
+constexpr bigtime_t MAX_LEAD = 200000;
+// A device that takes samples without playing them is held back.
+constexpr bigtime_t MAX_UNPLAYED = 100000;
+
+constexpr bigtime_t PUMP_SPAN = SECOND / 50;
+constexpr int64_t TAIL_FRAMES = int64_t{SYNTH_RATE} * 3;
+
+constexpr const char* DRIVERS[] = {"pulseaudio", "alsa"};
+
+}  // namespace
+
+TSynthPlayer::TSynthPlayer(TClock& clock, std::unique_ptr<TSynthesizer> synth)
+    : mClock(clock), mThrottle(clock), mSynth(std::move(synth)) {}
+
+TSynthPlayer::~TSynthPlayer() = default;
+
+void TSynthPlayer::Queue(const TMidiEvent& event) {
+  const TLock lock(mLock);
+  mQueue.push({event, mSerial++});
+}
+
+void TSynthPlayer::ClearQueue() {
+  const TLock lock(mLock);
+  mQueue = {};
+}
+
+bool TSynthPlayer::PopBefore(bigtime_t end, TMidiEvent* event) {
+  const TLock lock(mLock);
+  if (mQueue.empty() || mQueue.top().event.time >= end) return false;
+  *event = mQueue.top().event;
+  mQueue.pop();
+  return true;
+}
+
+void TSynthPlayer::FollowClock() {
+  bigtime_t now = mClock.system_time();
+  if (mBegun && mBlockTime > now + MAX_LEAD) {
+    mClock.Wait(mBlockTime - MAX_UNPLAYED, mThrottle);
+    now = mClock.system_time();
+  }
+  if (mBegun && mBlockTime >= now - MAX_LAG && mBlockTime <= now + MAX_LEAD) return;
+  mBegun = true;
+  mOrigin = now;
+  mPlainFrames = 0;
+  mBlockTime = now;
+}
+
+void TSynthPlayer::Render(float* left, float* right, size_t frames) {
+  FollowClock();
+  const bigtime_t begin = mBlockTime;
+  mPlainFrames += static_cast<int64_t>(frames);
+  mBlockTime = mOrigin + mPlainFrames * SECOND / SYNTH_RATE;
+  size_t done = 0;
+  TMidiEvent event;
+  while (PopBefore(mBlockTime, &event)) {
+    const bigtime_t offset = std::max<bigtime_t>(event.time - begin, 0);
+    const size_t until = std::min(frames, static_cast<size_t>(offset * SYNTH_RATE / SECOND));
+    if (until > done) {
+      mSynth->Render(left + done, right + done, until - done);
+      done = until;
+    }
+    mSynth->Apply(event.bytes);
+    mSilentFrames = 0;
+  }
+  mSilentFrames = mSynth->IsSounding() ? 0 : mSilentFrames + static_cast<int64_t>(frames);
+  if (mSilentFrames > TAIL_FRAMES) {
+    std::fill(left + done, left + frames, 0.0F);
+    std::fill(right + done, right + frames, 0.0F);
+  } else if (frames > done) {
+    mSynth->Render(left + done, right + done, frames - done);
+  }
+}
+
+TSynthConsumer::TSynthConsumer(TClock& clock) : TMidiConsumer(BUILT_IN_SYNTH_NAME), mClock(clock) {}
+
+TSynthConsumer::~TSynthConsumer() {
+  if (mPump) mClock.CancelTimer(mPump);
+  if (mDriver) fluid_api()->delete_fluid_audio_driver(mDriver);
+  if (mDriverSettings) fluid_api()->delete_fluid_settings(mDriverSettings);
+}
+
+void TSynthConsumer::Receive(const TMidiEvent& event) {
+  if (TSynthPlayer* player = mReady) player->Queue(event);
+}
+
+void TSynthConsumer::Connected(int32_t) {
+  Open();
+}
+
+// A note that begins after the silence that follows a disconnection would never end.
+void TSynthConsumer::Disconnected(int32_t) {
+  if (TSynthPlayer* player = mReady) player->ClearQueue();
+}
+
+bool TSynthConsumer::Open() {
+  const std::lock_guard<std::mutex> guard(mOpening);
+  if (mTried) return HasDevice();
+  mTried = true;
+  std::unique_ptr<TSynthesizer> synth = TSynthesizer::Create();
+  if (!synth) return false;
+  alsa_api();  // loaded for its silence: the synthesiser's library uses it, too
+  mPlayer = std::make_unique<TSynthPlayer>(mClock, std::move(synth));
+  for (const char* driver : DRIVERS) {
+    if (OpenDriver(driver)) break;
+  }
+  if (!mDriver) mPump = mClock.StartTimer(PUMP_SPAN, true, [this] { Pump(); });
+  mReady = mPlayer.get();
+  return HasDevice();
+}
+
+bool TSynthConsumer::OpenDriver(const char* name) {
+  const TFluidApi& api = *fluid_api();
+  mDriverSettings = api.new_fluid_settings();
+  if (!mDriverSettings) return false;
+  api.fluid_settings_setstr(mDriverSettings, "audio.driver", name);
+  api.fluid_settings_setnum(mDriverSettings, "synth.sample-rate", SYNTH_RATE);
+  mDriver = api.new_fluid_audio_driver2(mDriverSettings, Callback, this);
+  if (mDriver) return true;
+  api.delete_fluid_settings(mDriverSettings);
+  mDriverSettings = nullptr;
+  return false;
+}
+
+int TSynthConsumer::Callback(void* self, int frames, int, float*[], int sides, float* side[]) {
+  if (sides < 2 || frames <= 0) return 0;
+  const auto* consumer = static_cast<TSynthConsumer*>(self);
+  consumer->mPlayer->Render(side[0], side[1], static_cast<size_t>(frames));
+  return 0;
+}
+
+void TSynthConsumer::Pump() {
+  mPlayer->Render(mPumpLeft.data(), mPumpRight.data(), mPumpLeft.size());
+}
+
+}  // namespace zoka
