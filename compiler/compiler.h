@@ -24,9 +24,9 @@ constexpr int32_t MAX_COMPILER_DEPTH = 2000;
 /// How a compilation ended. An empty list is no failure, but there is nothing to run.
 enum class TCompileResult : uint8_t { Runnable, Empty, Failed, Cancelled };
 
-/// Compiles once. Runs on the caller's thread, whose stack has to be of ENGINE_STACK_BYTES for lists
-/// that nest deeply; nothing else touches the image meanwhile, but any thread may set the cancel
-/// flag.
+/// Compiles once. Runs on the caller's thread, whose stack has to be of ENGINE_STACK_BYTES for
+/// lists that nest deeply; nothing else touches the image meanwhile, but any thread may set the
+/// cancel flag.
 class TCompiler {
  public:
   /// `code` is empty (TMidCode::Clear) and not owned. `cancel` may be null; it is looked at with
