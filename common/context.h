@@ -45,6 +45,8 @@ struct TEngineContext {
   /// Number of the next internal label "@L<n>"; never reset, so that no name is used twice.
   std::atomic<int32_t> labelCounter{0};
   TRandom random;
+  /// The last value of RND; like the random numbers it survives runs. The machine's thread's own.
+  float sfRand = 0;
 };
 
 }  // namespace zoka

@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "common/alert.h"
+
 namespace zoka {
 
 /// What kind of failure an exception reports; decides the alert's heading.
@@ -35,5 +37,8 @@ class TCatalogue;
 /// The alert's text of a fault: heading, two newlines, message, and the line where there is one,
 /// ended by a newline, all in the catalogue's language.
 std::string exception_text(const TException& fault, const TCatalogue& catalogue);
+
+/// The alert that shows a fault: its text, the application's title line, one button.
+TAlert fault_alert(const TException& fault, const TCatalogue& catalogue);
 
 }  // namespace zoka

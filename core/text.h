@@ -39,6 +39,9 @@ class TTextBlock {
     if (mCount > 0 && --mCount == 0) Free();
   }
 
+  /// True for literals and the empty text: their address is never used again during a run.
+  bool IsImmortal() const { return mCount == 0; }
+
   const char* Bytes() const { return reinterpret_cast<const char*>(this + 1); }
   uint32_t Used() const { return mUsed; }
   uint32_t Capacity() const { return mCapacity; }

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <functional>
 
+#include "common/mutex.h"
+
 namespace zoka {
 
 /// Events by mask; each has the slot of its lowest bit.
@@ -40,22 +42,31 @@ class TInterruptPort {
  public:
   TInterruptPort();
 
-  /// An event happens. `terminate` is called for the break key when no trap takes it.
+  /// An event happens. The break key is a forced stop when no trap takes it. A mask that is not
+  /// that of an event with a target is ignored.
   void HappenInterrupt(uint32_t mask);
   void UnhappenInterrupt(uint32_t mask);
   /// Sets the event's state to On; an event held meanwhile becomes pending.
   void TurnOnInterrupt(uint32_t mask);
 
-  /// The forced stop: sets bit 0 and calls the stop function that the machine has set, if it still
-  /// runs.
+  /// The forced stop: sets bit 0 and calls the stop function, if there is one. Not with a lock of
+  /// rank Variables or below held.
   void Terminate();
+  /// What the forced stop calls: the machine's own Terminate. Null takes it away, and waits until a
+  /// call under way has ended; so the machine may go afterwards.
+  void SetStop(std::function<void()> stop);
 
   std::atomic<uint32_t> mIrFlags{0};
   std::atomic<uint32_t> mIrMask{0};
   std::atomic<TIrState> mIrStates[IR_SLOT_COUNT];
   /// Bit n: the event of slot n has a GOSUB target.
   std::atomic<uint32_t> mHasTarget{0};
+  /// A forced stop was asked for.
   std::atomic<bool> mStopped{false};
+
+ private:
+  TMutex mStopLock{TLockRank::Variables};
+  std::function<void()> mStop;
 };
 
 }  // namespace zoka

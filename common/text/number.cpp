@@ -1,0 +1,108 @@
+// Reading numbers without the C library, whose functions depend on the locale and take more forms.
+#include "common/text/number.h"
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+#include <system_error>
+
+namespace zoka {
+namespace {
+
+constexpr bool is_white(char c) {
+  return c == ' ' || (c >= '\t' && c <= '\r');
+}
+constexpr bool is_digit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+/// Takes white space and a sign off the front; true for a minus.
+bool take_sign(std::string_view* text) {
+  while (!text->empty() && is_white(text->front())) text->remove_prefix(1);
+  if (text->empty() || (text->front() != '-' && text->front() != '+')) return false;
+  const bool negative = text->front() == '-';
+  text->remove_prefix(1);
+  return negative;
+}
+
+size_t count_digits(std::string_view text, size_t begin) {
+  size_t end = begin;
+  while (end < text.size() && is_digit(text[end])) ++end;
+  return end - begin;
+}
+
+/// Length of the number that `text` begins with; 0 if it begins with none.
+size_t decimal_length(std::string_view text) {
+  size_t digits = count_digits(text, 0);
+  size_t length = digits;
+  if (length < text.size() && text[length] == '.') {
+    const size_t fraction = count_digits(text, length + 1);
+    digits += fraction;
+    length += 1 + fraction;
+  }
+  if (digits == 0) return 0;
+  if (length < text.size() && (text[length] == 'E' || text[length] == 'e')) {
+    size_t begin = length + 1;
+    if (begin < text.size() && (text[begin] == '-' || text[begin] == '+')) ++begin;
+    const size_t exponent = count_digits(text, begin);
+    if (exponent > 0) length = begin + exponent;
+  }
+  return length;
+}
+
+/// Whether a number that fits no double is too great rather than too small.
+bool is_huge(std::string_view number) {
+  const size_t mark = std::min(number.find_first_of("Ee"), number.size());
+  const std::string_view mantissa = number.substr(0, mark);
+  const size_t point = std::min(mantissa.find('.'), mantissa.size());
+  const size_t first = std::min(mantissa.find_first_of("123456789"), mantissa.size());
+  const auto places = static_cast<int64_t>(point) - static_cast<int64_t>(first);
+  const int64_t exponent = mark < number.size() ? parse_long(number.substr(mark + 1)) : 0;
+  return places + exponent > 0;
+}
+
+int32_t parse_digits(std::string_view text, uint32_t base) {
+  uint32_t value = 0;
+  for (char c : text) {
+    const char upper = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    uint32_t digit = base;
+    if (is_digit(c)) digit = static_cast<uint32_t>(c - '0');
+    if (upper >= 'A' && upper <= 'F') digit = static_cast<uint32_t>(upper - 'A') + 10;
+    if (digit >= base) break;
+    value = value * base + digit;
+  }
+  return static_cast<int32_t>(value);
+}
+
+}  // namespace
+
+int32_t parse_long(std::string_view text) {
+  const bool negative = take_sign(&text);
+  int64_t value = 0;
+  for (size_t i = 0; i < text.size() && is_digit(text[i]); ++i) {
+    value = std::min<int64_t>(value * 10 + (text[i] - '0'), int64_t{INT32_MAX} + 1);
+  }
+  if (negative) return static_cast<int32_t>(-value);
+  return static_cast<int32_t>(std::min<int64_t>(value, INT32_MAX));
+}
+
+double parse_double(std::string_view text) {
+  const bool negative = take_sign(&text);
+  const std::string_view number = text.substr(0, decimal_length(text));
+  double value = 0;
+  const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
+  if (result.ec == std::errc::result_out_of_range) {
+    value = is_huge(number) ? std::numeric_limits<double>::infinity() : 0;
+  }
+  return negative ? -value : value;
+}
+
+int32_t parse_hex(std::string_view text) {
+  return parse_digits(text, 16);
+}
+
+int32_t parse_octal(std::string_view text) {
+  return parse_digits(text, 8);
+}
+
+}  // namespace zoka

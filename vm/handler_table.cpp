@@ -1,0 +1,54 @@
+// The table of all 65,536 operation numbers, made from the operation table.
+#include <vector>
+
+#include "vm/handlers.h"
+#include "vm/not_yet.h"
+#include "vm/vmachine.h"
+
+namespace zoka {
+
+TException not_yet(TVMachine& m, const TVMCode* code) {
+  const TOperationRow* row = find_operation(code->Cmd());
+  return m.RuntimeException2("@Runtime_Err_Not_Yet %Statement%@",
+                             {{"%Statement%", row != nullptr ? row->name : ""}});
+}
+
+#define ZOKA_PENDING(handler)                                 \
+  void ExeBasic##handler(TVMachine& m, const TVMCode* code) { \
+    throw not_yet(m, code);                                   \
+  }
+#include "vm/pending_operations.def"
+#undef ZOKA_PENDING
+
+namespace {
+
+/// A number that has no operation, or none that may stand in code.
+void no_handler(TVMachine& m, const TVMCode*) {
+  throw m.RuntimeException2(ERR_ILL_FUNC_CALL);
+}
+
+/// A row that must never do anything.
+void empty_handler(TVMachine&, const TVMCode*) {}
+
+std::vector<TVMHandler> make_table() {
+  std::vector<TVMHandler> table(OPERATION_COUNT, no_handler);
+#define ZOKA_ENTRY_Handler(handler) ExeBasic##handler
+#define ZOKA_ENTRY_Empty(handler) empty_handler
+#define ZOKA_ENTRY_Nothing(handler) no_handler
+#define ZOKA_OPERATION(number, name, handler, kind, operand, stack, meaning) \
+  table[number] = ZOKA_ENTRY_##kind(handler);
+#include "core/operations.def"
+#undef ZOKA_ENTRY_Handler
+#undef ZOKA_ENTRY_Empty
+#undef ZOKA_ENTRY_Nothing
+  return table;
+}
+
+}  // namespace
+
+const TVMHandler* vm_handler_table() {
+  static const std::vector<TVMHandler> table = make_table();
+  return table.data();
+}
+
+}  // namespace zoka
