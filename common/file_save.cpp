@@ -89,7 +89,7 @@ bool copy_attributes(const std::string& from, int to) {
 
 /// Gives the new file what the old one had.
 bool copy_properties(const std::string& from, const struct stat& old, int to) {
-  struct stat made{};
+  struct stat made {};
   if (fstat(to, &made) != 0) return false;
   if ((made.st_uid != old.st_uid || made.st_gid != old.st_gid) &&
       fchown(to, old.st_uid, old.st_gid) != 0) {
@@ -115,37 +115,72 @@ void sync_folder(const std::string& folder) {
   if (fd.Get() >= 0) fsync(fd.Get());
 }
 
-}  // namespace
+enum class TOutcome { Done, Failed, NotReplaceable };
 
-bool save_file_atomically(const std::string& path, std::string_view bytes) {
-  std::string target = path;
-  if (path.empty() || !resolve_links(&target)) return false;
-  struct stat old{};
-  const bool exists = stat(target.c_str(), &old) == 0;
-  if (exists ? !S_ISREG(old.st_mode) : errno != ENOENT) return false;
-  // A file that may not be written stays as it is, although its folder would let it be replaced.
-  if (exists && access(target.c_str(), W_OK) != 0) return false;
+bool is_refusal(int error) {
+  return error == EACCES || error == EPERM || error == EROFS;
+}
 
+/// Writes a temporary file beside `target` and puts it in its place. `old` is null for a new file.
+TOutcome replace_file(const std::string& target, std::string_view bytes, const struct stat* old) {
   const std::string folder = extract_file_folder_path_kernel(target);
   std::string temp;
-  TDescriptor fd(create_temp_file(folder, exists ? PRIVATE_MODE : NEW_FILE_MODE, &temp));
-  if (fd.Get() < 0) return false;
-  bool done = write_all(fd.Get(), bytes) && (!exists || copy_properties(target, old, fd.Get())) &&
-              fsync(fd.Get()) == 0;
-  done = fd.Close() && done;
-  done = done && rename(temp.c_str(), target.c_str()) == 0;
-  if (done) {
+  TDescriptor fd(create_temp_file(folder, old ? PRIVATE_MODE : NEW_FILE_MODE, &temp));
+  if (fd.Get() < 0) return is_refusal(errno) ? TOutcome::NotReplaceable : TOutcome::Failed;
+  TOutcome outcome = TOutcome::Failed;
+  if (write_all(fd.Get(), bytes)) {
+    if (old && !copy_properties(target, *old, fd.Get())) {
+      outcome = TOutcome::NotReplaceable;
+    } else if (fsync(fd.Get()) == 0 && fd.Close() && rename(temp.c_str(), target.c_str()) == 0) {
+      outcome = TOutcome::Done;
+    }
+  }
+  if (outcome == TOutcome::Done) {
     sync_folder(folder);
   } else {
     unlink(temp.c_str());
   }
-  return done;
+  return outcome;
+}
+
+bool write_in_place(const std::string& target, std::string_view bytes) {
+  TDescriptor fd(open(target.c_str(), O_WRONLY | O_CLOEXEC | O_NOFOLLOW));
+  return fd.Get() >= 0 && write_all(fd.Get(), bytes) &&
+         ftruncate(fd.Get(), static_cast<off_t>(bytes.size())) == 0 && fsync(fd.Get()) == 0 &&
+         fd.Close();
+}
+
+bool save_in_place(const std::string& target, std::string_view bytes,
+                   const std::string& rescueFolder) {
+  if (rescueFolder.empty()) return false;
+  const std::string rescue = rescueFolder + "/" + RESCUE_PREFIX + extract_file_name(target);
+  if (!save_file_atomically(rescue, bytes) || !write_in_place(target, bytes)) return false;
+  unlink(rescue.c_str());
+  return true;
+}
+
+}  // namespace
+
+bool save_file_atomically(const std::string& path, std::string_view bytes,
+                          const std::string& rescueFolder) {
+  std::string target = path;
+  if (path.empty() || !resolve_links(&target)) return false;
+  struct stat old {};
+  const bool exists = stat(target.c_str(), &old) == 0;
+  if (exists ? !S_ISREG(old.st_mode) : errno != ENOENT) return false;
+  // A file that may not be written stays as it is, although its folder would let it be replaced.
+  if (exists && access(target.c_str(), W_OK) != 0) return false;
+  const TOutcome outcome = replace_file(target, bytes, exists ? &old : nullptr);
+  if (outcome == TOutcome::NotReplaceable && exists) {
+    return save_in_place(target, bytes, rescueFolder);
+  }
+  return outcome == TOutcome::Done;
 }
 
 bool read_file_whole(const std::string& path, size_t limit, std::string* out) {
   // Without waiting, so that a pipe of that name holds nobody up.
   TDescriptor fd(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-  struct stat info{};
+  struct stat info {};
   if (fd.Get() < 0 || fstat(fd.Get(), &info) != 0 || !S_ISREG(info.st_mode)) return false;
   std::string bytes;
   char piece[1 << 16];

@@ -1,14 +1,17 @@
 // Saving whole or not at all.
 #include "common/file_save.h"
 
-#include <gtest/gtest.h>
 #include <fcntl.h>
+#include <grp.h>
+#include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
 #include <csignal>
+#include <functional>
 
 #include "tests/support/temp_folder.h"
 
@@ -18,7 +21,7 @@ namespace {
 class FileSave : public testing::Test {
  protected:
   mode_t Mode(const std::string& name) const {
-    struct stat info{};
+    struct stat info {};
     stat(folder.Path(name).c_str(), &info);
     return info.st_mode & 07777;
   }
@@ -61,7 +64,7 @@ TEST_F(FileSave, OwnerIsKept) {
   ASSERT_EQ(chown(folder.Path("a").c_str(), 12345, 54321), 0);
   chmod(folder.Path("a").c_str(), 04755);
   EXPECT_TRUE(save_file_atomically(folder.Path("a"), "new"));
-  struct stat info{};
+  struct stat info {};
   stat(folder.Path("a").c_str(), &info);
   EXPECT_EQ(info.st_uid, 12345u);
   EXPECT_EQ(info.st_gid, 54321u);
@@ -109,12 +112,85 @@ TEST_F(FileSave, FullDiskLeavesTheOldFile) {
   EXPECT_EQ(Count(), 1u);
 }
 
+/// Runs the function as a user without rights, where the test itself may write everywhere; true if
+/// it returned true.
+bool as_ordinary_user(const std::function<bool()>& body) {
+  if (geteuid() != 0) return body();
+  constexpr uid_t NOBODY = 65534;
+  const pid_t child = fork();
+  if (child == 0) {
+    const bool changed = setgroups(0, nullptr) == 0 && setgid(NOBODY) == 0 && setuid(NOBODY) == 0;
+    _exit(changed && body() ? 0 : 1);
+  }
+  int status = -1;
+  waitpid(child, &status, 0);
+  return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
 TEST_F(FileSave, ReadOnlyFileIsNotReplaced) {
-  if (geteuid() == 0) GTEST_SKIP() << "root writes everywhere";
   folder.Write("a", "whole");
   chmod(folder.Path("a").c_str(), 0444);
-  EXPECT_FALSE(save_file_atomically(folder.Path("a"), "new"));
+  chmod(folder.Path().c_str(), 0777);
+  const std::string path = folder.Path("a");
+  EXPECT_TRUE(as_ordinary_user([&] { return !save_file_atomically(path, "new", "/tmp"); }));
   EXPECT_EQ(folder.Read("a"), "whole");
+  EXPECT_EQ(Count(), 1u);
+}
+
+/// A file that all may write in a folder that none may, and a folder for rescue copies.
+class ClosedFolder : public FileSave {
+ protected:
+  ClosedFolder() {
+    folder.MakeFolder("closed");
+    folder.MakeFolder("rescue");
+    folder.Write("closed/a", "a long old text");
+    chmod(folder.Path("closed/a").c_str(), 0666);
+    chmod(folder.Path("closed").c_str(), 0555);
+    chmod(folder.Path("rescue").c_str(), 0777);
+    chmod(folder.Path().c_str(), 0755);
+  }
+  ~ClosedFolder() override { chmod(folder.Path("closed").c_str(), 0755); }
+  const std::string path = folder.Path("closed/a");
+};
+
+TEST_F(ClosedFolder, WithoutARescueFolderTheSaveFails) {
+  EXPECT_TRUE(as_ordinary_user([&] { return !save_file_atomically(path, "new"); }));
+  EXPECT_EQ(folder.Read("closed/a"), "a long old text");
+}
+
+TEST_F(ClosedFolder, FileIsWrittenInPlace) {
+  const std::string rescue = folder.Path("rescue");
+  EXPECT_TRUE(as_ordinary_user([&] { return save_file_atomically(path, "new", rescue); }));
+  EXPECT_EQ(folder.Read("closed/a"), "new");
+  EXPECT_FALSE(std::filesystem::exists(folder.Path("rescue/Rescue-a")));
+}
+
+TEST_F(ClosedFolder, NothingIsTouchedWithoutTheRescueCopy) {
+  const std::string rescue = folder.Path("none");
+  EXPECT_TRUE(as_ordinary_user([&] { return !save_file_atomically(path, "new", rescue); }));
+  EXPECT_EQ(folder.Read("closed/a"), "a long old text");
+}
+
+TEST_F(ClosedFolder, NewFileCannotBeMadeThere) {
+  const std::string other = folder.Path("closed/b");
+  const std::string rescue = folder.Path("rescue");
+  EXPECT_TRUE(as_ordinary_user([&] { return !save_file_atomically(other, "new", rescue); }));
+  EXPECT_FALSE(std::filesystem::exists(other));
+}
+
+TEST_F(FileSave, FileOfAnotherOwnerIsWrittenInPlace) {
+  if (geteuid() != 0) GTEST_SKIP() << "needs a file of another owner";
+  folder.Write("a", "a long old text");
+  chmod(folder.Path("a").c_str(), 0666);
+  chmod(folder.Path().c_str(), 0777);
+  const std::string path = folder.Path("a");
+  const std::string place = folder.Path();
+  EXPECT_TRUE(as_ordinary_user([&] { return save_file_atomically(path, "new", place); }));
+  EXPECT_EQ(folder.Read("a"), "new");
+  struct stat info {};
+  stat(path.c_str(), &info);
+  EXPECT_EQ(info.st_uid, 0u);
+  EXPECT_EQ(Count(), 1u);
 }
 
 TEST_F(FileSave, ReadsRegularFilesUpToTheLimit) {
