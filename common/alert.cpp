@@ -3,6 +3,8 @@
 
 namespace zoka {
 
-std::string alert_bytes(const TAlert& alert) { return alert.text + "\n\n" + alert.title + "\n"; }
+std::string alert_bytes(const TAlert& alert) {
+  return alert.text + "\n\n" + alert.title + "\n";
+}
 
 }  // namespace zoka

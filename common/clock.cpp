@@ -7,9 +7,13 @@ namespace zoka {
 
 TWake::TWake(TClock& clock) : mClock(clock) {}
 
-TWake::~TWake() { mClock.ForgetWake(*this); }
+TWake::~TWake() {
+  mClock.ForgetWake(*this);
+}
 
-void TWake::Signal() { mClock.SignalWake(*this); }
+void TWake::Signal() {
+  mClock.SignalWake(*this);
+}
 
 bool TClock::snooze(bigtime_t span, TWake& wake) {
   return Wait(add_times(system_time(), span), wake);

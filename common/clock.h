@@ -47,8 +47,8 @@ class TWake {
   friend class TRealClock;
   friend class TSimulatedClock;
   TClock& mClock;
-  bool mSignalled = false;          // under the clock's lock
-  void* mWaiter = nullptr;          // the clock's own record of who waits here
+  bool mSignalled = false;           // under the clock's lock
+  void* mWaiter = nullptr;           // the clock's own record of who waits here
   std::condition_variable mChanged;  // used by the real clock
 };
 

@@ -19,9 +19,8 @@ void THandlerRegistry::Unregister(THandlerId id) {
   const auto self = std::this_thread::get_id();
   mPosted.wait(lock, [&] {
     const auto entry = mEntries.find(id.id);
-    return entry == mEntries.end() || std::ranges::all_of(entry->second.posting, [&](auto thread) {
-             return thread == self;
-           });
+    return entry == mEntries.end() ||
+           std::ranges::all_of(entry->second.posting, [&](auto thread) { return thread == self; });
   });
   if (const auto entry = mEntries.find(id.id);
       entry != mEntries.end() && entry->second.posting.empty()) {

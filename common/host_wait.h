@@ -43,8 +43,8 @@ inline bool host_wait(std::unique_lock<std::mutex>& lock, std::condition_variabl
     const bigtime_t now = host_time();
     if (deadline <= now) return false;
     const bigtime_t until = now + std::min(deadline - now, MAX_HOST_WAIT);
-    changed.wait_until(
-        lock, std::chrono::steady_clock::time_point(std::chrono::microseconds(until)));
+    changed.wait_until(lock,
+                       std::chrono::steady_clock::time_point(std::chrono::microseconds(until)));
   }
   flag = false;
   return true;

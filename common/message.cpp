@@ -18,17 +18,33 @@ void TMessage::Add(std::string_view name, TValue value) {
 void TMessage::AddString(std::string_view name, std::string_view value) {
   Add(name, std::string(value));
 }
-void TMessage::AddBool(std::string_view name, bool value) { Add(name, value); }
-void TMessage::AddInt32(std::string_view name, int32_t value) { Add(name, value); }
-void TMessage::AddInt64(std::string_view name, int64_t value) { Add(name, value); }
-void TMessage::AddFloat(std::string_view name, float value) { Add(name, value); }
-void TMessage::AddDouble(std::string_view name, double value) { Add(name, value); }
-void TMessage::AddRect(std::string_view name, const TFrame& value) { Add(name, value); }
+void TMessage::AddBool(std::string_view name, bool value) {
+  Add(name, value);
+}
+void TMessage::AddInt32(std::string_view name, int32_t value) {
+  Add(name, value);
+}
+void TMessage::AddInt64(std::string_view name, int64_t value) {
+  Add(name, value);
+}
+void TMessage::AddFloat(std::string_view name, float value) {
+  Add(name, value);
+}
+void TMessage::AddDouble(std::string_view name, double value) {
+  Add(name, value);
+}
+void TMessage::AddRect(std::string_view name, const TFrame& value) {
+  Add(name, value);
+}
 void TMessage::AddMessage(std::string_view name, const TMessage& value) {
   Add(name, std::make_shared<const TMessage>(value));
 }
-void TMessage::AddRef(std::string_view name, const TPathRef& value) { Add(name, value); }
-void TMessage::AddHandler(std::string_view name, THandlerId value) { Add(name, value); }
+void TMessage::AddRef(std::string_view name, const TPathRef& value) {
+  Add(name, value);
+}
+void TMessage::AddHandler(std::string_view name, THandlerId value) {
+  Add(name, value);
+}
 
 const TMessage::TField* TMessage::Field(std::string_view name) const {
   const auto it = std::ranges::find(mFields, name, &TField::name);
@@ -83,7 +99,9 @@ void TMessage::AddField(const TField& field) {
   if (!Field(field.name)) mFields.push_back(field);
 }
 
-bool TMessage::HasField(std::string_view name) const { return Field(name) != nullptr; }
+bool TMessage::HasField(std::string_view name) const {
+  return Field(name) != nullptr;
+}
 
 void TMessage::RemoveName(std::string_view name) {
   std::erase_if(mFields, [&](const TField& field) { return field.name == name; });

@@ -159,22 +159,35 @@ bool TReader::Read(std::shared_ptr<const TMessage>* out) {
   return true;
 }
 
-bool TReader::Read(TPathRef* out) { return Read(&out->bytes); }
+bool TReader::Read(TPathRef* out) {
+  return Read(&out->bytes);
+}
 
 bool TReader::Value(size_t type, TValue* out) {
   static_assert(TYPE_COUNT == 10, "a new kind of value needs its row here");
   switch (type) {
-    case 0: return ValueOf<0>(out);
-    case 1: return ValueOf<1>(out);
-    case 2: return ValueOf<2>(out);
-    case 3: return ValueOf<3>(out);
-    case 4: return ValueOf<4>(out);
-    case 5: return ValueOf<5>(out);
-    case 6: return ValueOf<6>(out);
-    case 7: return ValueOf<7>(out);
-    case 8: return ValueOf<8>(out);
-    case 9: return ValueOf<9>(out);
-    default: return false;
+    case 0:
+      return ValueOf<0>(out);
+    case 1:
+      return ValueOf<1>(out);
+    case 2:
+      return ValueOf<2>(out);
+    case 3:
+      return ValueOf<3>(out);
+    case 4:
+      return ValueOf<4>(out);
+    case 5:
+      return ValueOf<5>(out);
+    case 6:
+      return ValueOf<6>(out);
+    case 7:
+      return ValueOf<7>(out);
+    case 8:
+      return ValueOf<8>(out);
+    case 9:
+      return ValueOf<9>(out);
+    default:
+      return false;
   }
 }
 
@@ -225,6 +238,8 @@ bool TMessage::UnflattenNested(std::string_view bytes, int nesting) {
   return true;
 }
 
-bool TMessage::Unflatten(std::string_view bytes) { return UnflattenNested(bytes, 0); }
+bool TMessage::Unflatten(std::string_view bytes) {
+  return UnflattenNested(bytes, 0);
+}
 
 }  // namespace zoka

@@ -23,7 +23,9 @@ void note_lock(TLockRank rank) {
   tHeldRanks |= 1u << place;
 }
 
-void note_unlock(TLockRank rank) { tHeldRanks &= ~(1u << static_cast<unsigned>(rank)); }
+void note_unlock(TLockRank rank) {
+  tHeldRanks &= ~(1u << static_cast<unsigned>(rank));
+}
 
 }  // namespace
 #endif

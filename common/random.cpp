@@ -11,7 +11,9 @@ TRandom::TRandom() {
   initstate_r(1, mState, sizeof mState, &mData);
 }
 
-void TRandom::Seed(uint32_t seed) { srandom_r(seed, &mData); }
+void TRandom::Seed(uint32_t seed) {
+  srandom_r(seed, &mData);
+}
 
 int32_t TRandom::Next() {
   int32_t value = 0;

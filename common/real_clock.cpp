@@ -164,6 +164,8 @@ void TRealClock::Fire(TGuard& lock) {
   }
 }
 
-std::unique_ptr<TClock> make_real_clock() { return std::make_unique<TRealClock>(); }
+std::unique_ptr<TClock> make_real_clock() {
+  return std::make_unique<TRealClock>();
+}
 
 }  // namespace zoka

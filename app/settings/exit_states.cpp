@@ -51,8 +51,12 @@ bool TExitStates::KnowsField(std::string_view name) const {
   return name == VERSION_KEY;
 }
 
-int32_t TExitStates::SaveToFile() const { return SaveByName(SETTINGS_FOLDER, EXIT_STATES_FILE); }
+int32_t TExitStates::SaveToFile() const {
+  return SaveByName(SETTINGS_FOLDER, EXIT_STATES_FILE);
+}
 
-int32_t TExitStates::LoadFromFile() { return LoadByName(SETTINGS_FOLDER, EXIT_STATES_FILE); }
+int32_t TExitStates::LoadFromFile() {
+  return LoadByName(SETTINGS_FOLDER, EXIT_STATES_FILE);
+}
 
 }  // namespace zoka

@@ -12,14 +12,18 @@
 
 namespace zoka {
 
-inline void archive_field(TMessage* to, const char* key, bool value) { to->AddBool(key, value); }
+inline void archive_field(TMessage* to, const char* key, bool value) {
+  to->AddBool(key, value);
+}
 inline void archive_field(TMessage* to, const char* key, int32_t value) {
   to->AddInt32(key, value);
 }
 inline void archive_field(TMessage* to, const char* key, int64_t value) {
   to->AddInt64(key, value);
 }
-inline void archive_field(TMessage* to, const char* key, float value) { to->AddFloat(key, value); }
+inline void archive_field(TMessage* to, const char* key, float value) {
+  to->AddFloat(key, value);
+}
 inline void archive_field(TMessage* to, const char* key, const std::string& value) {
   to->AddString(key, value);
 }

@@ -26,7 +26,9 @@ void TMRUF::AddMRUF(std::string_view path) {
   DeleteExtraMRUF();
 }
 
-void TMRUF::RemoveMRUF(std::string_view path) { std::erase(mPaths, path); }
+void TMRUF::RemoveMRUF(std::string_view path) {
+  std::erase(mPaths, path);
+}
 
 int32_t TMRUF::FindMRUF(std::string_view path) const {
   const auto it = std::ranges::find(mPaths, path);
@@ -52,6 +54,8 @@ void TMRUF::Unarchive(const TMessage& message) {
   }
 }
 
-bool TMRUF::KnowsField(std::string_view name) const { return name == PATH_KEY; }
+bool TMRUF::KnowsField(std::string_view name) const {
+  return name == PATH_KEY;
+}
 
 }  // namespace zoka

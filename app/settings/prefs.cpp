@@ -10,7 +10,9 @@ namespace {
 constexpr const char PREFS_FILE[] = "ZokaBASIC_Prefs.arc";
 constexpr const char MIDI_OUTS_KEY[] = "CoMO";
 
-bool is_inside_character(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
+bool is_inside_character(char c) {
+  return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+}
 
 /// A family as the record can hold it: at most MAX_FONT_FAMILY bytes of whole characters, ended
 /// by a NUL.
@@ -95,8 +97,12 @@ bool TPrefs::KnowsField(std::string_view name) const {
   return name == MIDI_OUTS_KEY;
 }
 
-int32_t TPrefs::SaveToFile() const { return SaveByName(SETTINGS_FOLDER, PREFS_FILE); }
+int32_t TPrefs::SaveToFile() const {
+  return SaveByName(SETTINGS_FOLDER, PREFS_FILE);
+}
 
-int32_t TPrefs::LoadFromFile() { return LoadByName(SETTINGS_FOLDER, PREFS_FILE); }
+int32_t TPrefs::LoadFromFile() {
+  return LoadByName(SETTINGS_FOLDER, PREFS_FILE);
+}
 
 }  // namespace zoka

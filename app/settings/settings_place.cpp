@@ -19,7 +19,7 @@ bool make_folders(const std::string& path) {
   for (size_t end = path.find('/', 1);; end = path.find('/', end + 1)) {
     const std::string folder = path.substr(0, end);
     if (mkdir(folder.c_str(), FOLDER_MODE) != 0 && errno != EEXIST) {
-      struct stat info{};
+      struct stat info {};
       // A folder above may exist and yet not be ours to touch.
       if (stat(folder.c_str(), &info) != 0 || !S_ISDIR(info.st_mode)) return false;
     }

@@ -17,8 +17,8 @@ int32_t show_alert(const TEngineContext& context, const std::string& text,
   if (!context.alertHost) return -1;
   TAlert alert;
   alert.text = text;
-  alert.title = replace_placeholder(context.catalogue->GetString("* %AppName% *"), "%AppName%",
-                                    APP_NAME);
+  alert.title =
+      replace_placeholder(context.catalogue->GetString("* %AppName% *"), "%AppName%", APP_NAME);
   for (const TAlertButton& button : buttons) {
     alert.buttons.push_back(merged_label(context, button.label, button.key));
   }

@@ -169,8 +169,8 @@ TEST(CatalogueKeys, AreFoundInSources) {
     merged_label(context, "label", "K"); f("@L"); f("@@");
   )x");
   const TKeyFinder found(source.Words());
-  EXPECT_EQ(found.keys, (std::set<std::string>{"@A B@", "@Raw@", "constant", "label",
-                                               "plain \"x\""}));
+  EXPECT_EQ(found.keys,
+            (std::set<std::string>{"@A B@", "@Raw@", "constant", "label", "plain \"x\""}));
   EXPECT_TRUE(found.literals.contains("item"));
   EXPECT_FALSE(found.literals.contains("comment"));
 }

@@ -199,7 +199,8 @@ TEST_F(SimulatedClock, RunningLongGoesOnToTheNextDeadline) {
 TEST_F(SimulatedClock, RunningLongLetsOthersOfTheSameTimeGoFirst) {
   TEntered entered(*clock, TActorClass::Player);
   bool fired = false;
-  clock->StartTimer(0, false, [&] { fired = true; }, TActorClass::Machine);
+  clock->StartTimer(
+      0, false, [&] { fired = true; }, TActorClass::Machine);
   clock->RunningLong();
   EXPECT_TRUE(fired);
   EXPECT_EQ(clock->system_time(), 0);

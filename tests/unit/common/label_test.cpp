@@ -18,9 +18,18 @@ TEST(Label, KeyBehind) {
 }
 
 TEST(Label, KeyInFront) {
-  EXPECT_EQ(merge_accelerator_key("\x01" "a) ", "Y", "Yes"), "Y) Yes");
-  EXPECT_EQ(merge_accelerator_key("\x01" "a・", "Y", "Yes..."), "Y・Yes...");
-  EXPECT_EQ(merge_accelerator_key("\x01" "a - ", "a", "Yes"), "a - Yes");
+  EXPECT_EQ(merge_accelerator_key("\x01"
+                                  "a) ",
+                                  "Y", "Yes"),
+            "Y) Yes");
+  EXPECT_EQ(merge_accelerator_key("\x01"
+                                  "a・",
+                                  "Y", "Yes..."),
+            "Y・Yes...");
+  EXPECT_EQ(merge_accelerator_key("\x01"
+                                  "a - ",
+                                  "a", "Yes"),
+            "a - Yes");
 }
 
 TEST(Label, NoKey) {

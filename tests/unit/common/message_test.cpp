@@ -70,8 +70,7 @@ TEST(Message, ReplaceMayTakeItsOwnValue) {
   message.AddString("SISmplIptTxt", "second");
   std::string text;
   message.FindString("SISmplIptTxt", &text);
-  message.ReplaceString("SISmplIptTxt",
-                        std::get<std::string>(message.Fields()[0].values[0]));
+  message.ReplaceString("SISmplIptTxt", std::get<std::string>(message.Fields()[0].values[0]));
   EXPECT_TRUE(message.FindString("SISmplIptTxt", &text));
   EXPECT_EQ(text, "a long text that lies outside of the string");
   EXPECT_FALSE(message.FindString("SISmplIptTxt", &text, 1));
@@ -82,7 +81,13 @@ TEST(Message, ReplaceMayTakeItsOwnValue) {
 TEST(Message, FlatFormIsLittleEndian) {
   TMessage message("ab");
   message.AddInt32("n", -2);
-  EXPECT_EQ(message.Flatten(), "ba\0\0" "\1\0\0\0" "\1\0\0\0n" "\2" "\1\0\0\0" "\xFE\xFF\xFF\xFF"s);
+  EXPECT_EQ(message.Flatten(),
+            "ba\0\0"
+            "\1\0\0\0"
+            "\1\0\0\0n"
+            "\2"
+            "\1\0\0\0"
+            "\xFE\xFF\xFF\xFF"s);
   EXPECT_EQ(TMessage().Flatten(), "\0\0\0\0\0\0\0\0"s);
 }
 
@@ -152,16 +157,51 @@ TEST(Message, EveryChangedByteIsSafe) {
 
 TEST(Message, FalseCountsAreRefused) {
   TMessage message;
-  EXPECT_FALSE(message.Unflatten("\0\0\0\0" "\xFF\xFF\xFF\xFF"s));
+  EXPECT_FALSE(
+      message.Unflatten("\0\0\0\0"
+                        "\xFF\xFF\xFF\xFF"s));
   // A field whose count of values is huge, and one that has none.
-  EXPECT_FALSE(message.Unflatten("\0\0\0\0" "\1\0\0\0" "\1\0\0\0n" "\1" "\xFF\xFF\xFF\xFF" "\1"s));
-  EXPECT_FALSE(message.Unflatten("\0\0\0\0" "\1\0\0\0" "\1\0\0\0n" "\1" "\0\0\0\0"s));
+  EXPECT_FALSE(
+      message.Unflatten("\0\0\0\0"
+                        "\1\0\0\0"
+                        "\1\0\0\0n"
+                        "\1"
+                        "\xFF\xFF\xFF\xFF"
+                        "\1"s));
+  EXPECT_FALSE(
+      message.Unflatten("\0\0\0\0"
+                        "\1\0\0\0"
+                        "\1\0\0\0n"
+                        "\1"
+                        "\0\0\0\0"s));
   // A type that does not exist, a bool that is neither, the same name twice.
-  EXPECT_FALSE(message.Unflatten("\0\0\0\0" "\1\0\0\0" "\1\0\0\0n" "\x0A" "\1\0\0\0" "\1"s));
-  EXPECT_FALSE(message.Unflatten("\0\0\0\0" "\1\0\0\0" "\1\0\0\0n" "\1" "\1\0\0\0" "\2"s));
-  const std::string field = "\1\0\0\0n" "\1" "\1\0\0\0" "\1"s;
-  EXPECT_TRUE(message.Unflatten("\0\0\0\0" "\1\0\0\0"s + field));
-  EXPECT_FALSE(message.Unflatten("\0\0\0\0" "\2\0\0\0"s + field + field));
+  EXPECT_FALSE(
+      message.Unflatten("\0\0\0\0"
+                        "\1\0\0\0"
+                        "\1\0\0\0n"
+                        "\x0A"
+                        "\1\0\0\0"
+                        "\1"s));
+  EXPECT_FALSE(
+      message.Unflatten("\0\0\0\0"
+                        "\1\0\0\0"
+                        "\1\0\0\0n"
+                        "\1"
+                        "\1\0\0\0"
+                        "\2"s));
+  const std::string field =
+      "\1\0\0\0n"
+      "\1"
+      "\1\0\0\0"
+      "\1"s;
+  EXPECT_TRUE(
+      message.Unflatten("\0\0\0\0"
+                        "\1\0\0\0"s +
+                        field));
+  EXPECT_FALSE(
+      message.Unflatten("\0\0\0\0"
+                        "\2\0\0\0"s +
+                        field + field));
 }
 
 TMessage nested(int levels) {

@@ -57,7 +57,9 @@ void expect_default_prefs(const TPrefs& prefs) {
   EXPECT_TRUE(prefs.CoMO.empty());
 }
 
-TEST_F(Settings, PrefsDefaults) { expect_default_prefs(TPrefs()); }
+TEST_F(Settings, PrefsDefaults) {
+  expect_default_prefs(TPrefs());
+}
 
 TEST_F(Settings, PrefsAreWrittenInOrder) {
   TPrefs prefs;
@@ -384,9 +386,9 @@ TEST_F(Settings, EmptiedFolderDoesNotComeBack) {
 
 TEST_F(Settings, ImpossibleFramesCountAsMissing) {
   constexpr float NOT_A_NUMBER = std::numeric_limits<float>::quiet_NaN();
-  for (const TFrame& frame : {TFrame{0, 0, NOT_A_NUMBER, 1},
-                              TFrame{0, 0, std::numeric_limits<float>::infinity(), 1},
-                              TFrame{5, 0, 5, 1}, TFrame{0, 9, 1, 8}}) {
+  for (const TFrame& frame :
+       {TFrame{0, 0, NOT_A_NUMBER, 1}, TFrame{0, 0, std::numeric_limits<float>::infinity(), 1},
+        TFrame{5, 0, 5, 1}, TFrame{0, 9, 1, 8}}) {
     TMessage message;
     message.AddRect("_WFr", frame);
     TExitStates states;

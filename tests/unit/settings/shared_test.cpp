@@ -67,9 +67,13 @@ TEST_F(InterAppPrefs, MessageSetsItsItem) {
   EXPECT_FALSE(prefs.SetValue(message));
   add_default_info(&message, "AccKeyFormat2");
   EXPECT_FALSE(prefs.SetValue(message));
-  message.AddString("Value", "\x01" "a) ");
+  message.AddString("Value",
+                    "\x01"
+                    "a) ");
   EXPECT_TRUE(prefs.SetValue(message));
-  EXPECT_EQ(prefs.AccKeyFormat(), "\x01" "a) ");
+  EXPECT_EQ(prefs.AccKeyFormat(),
+            "\x01"
+            "a) ");
 }
 
 class TObserverLog : public THandler {
@@ -122,7 +126,9 @@ TEST_F(InterAppPrefs, AlertsTakeTheirLabelsFromThem) {
   prefs.SetString("AccKeyFormat2", "");
   EXPECT_EQ(show_alert(context, "text", {{"Line: %Num%", ""}, {"Understand", "U"}}, 1, nullptr), 1);
   EXPECT_EQ(host.alert.buttons, (std::vector<std::string>{"Line: %Num%", "Understand"}));
-  prefs.SetString("AccKeyFormat2", "\x01" "a - ");
+  prefs.SetString("AccKeyFormat2",
+                  "\x01"
+                  "a - ");
   EXPECT_EQ(merged_label(context, "Understand", "U"), "U - Understand");
 }
 
