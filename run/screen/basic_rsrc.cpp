@@ -75,4 +75,9 @@ void TBasicRsrc::SetFDDAccessLampByDriveIndex(int32_t driveIdx) {
   lamp.nextTimer = (lamp.nextTimer + 1) % lamp.timers.size();
 }
 
+void TBasicRsrc::SetFDDAccessLampByFileDesc(int32_t fileNum) {
+  const TZokaFile* file = files.Find(fileNum);
+  if (file) SetFDDAccessLampByDriveIndex(file->DrvIdx());
+}
+
 }  // namespace zoka

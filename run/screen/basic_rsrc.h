@@ -1,7 +1,7 @@
 // TBasicRsrc: the state of the simulated machine that outlives a run: text screen, graphic pages,
-// palettes, function keys, key buffer. It draws nothing on the host's screen: it records what has
-// changed and asks its owner to repaint. What statements draw is in graphics.h, how it is painted
-// in compose.h.
+// palettes, function keys, key buffer, open files. It draws nothing on the host's screen: it
+// records what has changed and asks its owner to repaint. What statements draw is in graphics.h,
+// how it is painted in compose.h.
 #pragma once
 
 #include <array>
@@ -15,6 +15,7 @@
 #include "common/mutex.h"
 #include "common/thread.h"
 #include "common/types.h"
+#include "run/screen/file.h"
 #include "run/screen/grph_page.h"
 #include "run/screen/screen_owner.h"
 #include "run/screen/screen_size.h"
@@ -223,6 +224,14 @@ class TBasicRsrc {
   /// Lights the lamp of drive index 0 or 1 for 200 ms, at most once in 100 ms; ignores others.
   void SetFDDAccessLampByDriveIndex(int32_t driveIdx);
 
+  /// The same for the drive of an open file; ignores other numbers.
+  void SetFDDAccessLampByFileDesc(int32_t fileNum);
+
+  /// The files of BASIC's file numbers. Machine's thread.
+  TFileTable& Files() { return files; }
+  /// The folders that stand for the drives. Any thread.
+  TDriveFolders& DrvFolderRefs() { return drvFolderRefs; }
+
   int8_t OptionBase() const { return optionBase; }
   void SetOptionBase(int8_t base) { optionBase = base; }
   int32_t DefSeg() const { return defSeg; }
@@ -309,6 +318,8 @@ class TBasicRsrc {
   std::array<std::string, FUNC_KEY_COUNT> funcKeyStr;
   TWake mKeyWake;
 
+  TDriveFolders drvFolderRefs;
+  TFileTable files;
   std::array<TLamp, LAMP_COUNT> mLamps;
 };
 

@@ -22,9 +22,6 @@ constexpr int32_t MAX_TXT_ROWS = 25;
 constexpr int32_t GRPH_PAL_COLORS = 16;
 constexpr int32_t TXT_PAL_COLORS = 8;
 
-/// BASIC file numbers are 1 to this, drives likewise.
-constexpr int32_t FILE_COUNT = 15;
-constexpr int32_t DRIVE_COUNT = 14;
 /// Drives 1 and 2 have a lamp.
 constexpr int32_t LAMP_COUNT = 2;
 

@@ -1,0 +1,236 @@
+// Straight shapes and ROLL.
+#include "run/screen/raster.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <utility>
+
+namespace zoka {
+
+namespace {
+
+/// Products of far coordinates take up to 66 bits.
+__extension__ using TWide = __int128;
+
+constexpr int64_t floor_div(TWide a, TWide b) {
+  return static_cast<int64_t>(a / b - (a % b < 0 ? 1 : 0));
+}
+
+/// A row's run, both ends inside the page.
+void put_run(TGrphPage& page, const TPen& pen, int32_t y, int32_t from, int32_t to) {
+  const size_t count = static_cast<size_t>(to - from + 1);
+  std::memset(page.IndexRow(y) + from, pen.index, count);
+  std::fill_n(page.RealRow(y) + from, count, pen.real);
+}
+
+/// One axis of a line and the page's extent along it.
+struct TAxis {
+  int64_t from;
+  int64_t to;
+  int32_t size;
+  /// Pixels from one to the next along this axis.
+  ptrdiff_t pitch;
+};
+
+/// The walk along the major axis: where it begins on the page, and the fraction there.
+struct TWalk {
+  int64_t first;
+  int64_t last;
+  /// The minor coordinate at `first`.
+  int64_t minor;
+  /// (2 (m - m1) delta + d) modulo 2d.
+  int64_t rest;
+  int64_t step;
+  int64_t full;
+};
+
+/// minor(m) = minor.from + floor((2 (m - major.from) delta + d) / 2d).
+TWalk begin_walk(const TAxis& major, const TAxis& minor) {
+  const int64_t d = major.to - major.from;
+  const int64_t delta = minor.to - minor.from;
+  TWalk walk{std::max<int64_t>(major.from, 0),
+             std::min<int64_t>(major.to, major.size - 1),
+             0,
+             0,
+             2 * delta,
+             2 * d};
+  const TWide sum = static_cast<TWide>(2) * (walk.first - major.from) * delta + d;
+  const int64_t rows = floor_div(sum, walk.full);
+  walk.minor = minor.from + rows;
+  walk.rest = static_cast<int64_t>(sum - static_cast<TWide>(rows) * walk.full);
+  return walk;
+}
+
+int64_t last_minor(const TWalk& walk) {
+  const TWide sum =
+      static_cast<TWide>(walk.last - walk.first) * walk.step + static_cast<TWide>(walk.rest);
+  return walk.minor + floor_div(sum, walk.full);
+}
+
+/// Advances the fraction; 1, 0 or -1 says how the minor coordinate moves.
+inline int64_t advance(TWalk& walk) {
+  walk.rest += walk.step;
+  const int64_t over = -static_cast<int64_t>(walk.rest >= walk.full);
+  const int64_t under = -static_cast<int64_t>(walk.rest < 0);
+  walk.rest += (walk.full & under) - (walk.full & over);
+  return under - over;
+}
+
+/// All of the walk lies on the page. `Up` is the sign of the slope, so that the loop has one test.
+template <bool Up>
+void walk_inside(TGrphPage& page, const TPen& pen, const TAxis& major, const TAxis& minor,
+                 const TWalk& walk) {
+  const ptrdiff_t offset = walk.first * major.pitch + walk.minor * minor.pitch;
+  uint8_t* index = page.IndexRow(0) + offset;
+  uint32_t* real = page.RealRow(0) + offset;
+  const ptrdiff_t along = major.pitch;
+  const ptrdiff_t across = Up ? -minor.pitch : minor.pitch;
+  const int64_t step = walk.step;
+  const int64_t full = walk.full;
+  int64_t rest = walk.rest;
+  for (int64_t count = walk.last - walk.first; count >= 0; --count) {
+    *index = pen.index;
+    *real = pen.real;
+    rest += step;
+    const int64_t crossed = -static_cast<int64_t>(Up ? rest < 0 : rest >= full);
+    rest += Up ? full & crossed : -(full & crossed);
+    const ptrdiff_t move = along + (across & crossed);
+    index += move;
+    real += move;
+  }
+}
+
+void walk_clipped(TGrphPage& page, const TPen& pen, const TAxis& major, const TAxis& minor,
+                  TWalk walk) {
+  for (int64_t m = walk.first; m <= walk.last; ++m) {
+    if (walk.minor >= 0 && walk.minor < minor.size) {
+      const ptrdiff_t offset = m * major.pitch + walk.minor * minor.pitch;
+      page.IndexRow(0)[offset] = pen.index;
+      page.RealRow(0)[offset] = pen.real;
+    }
+    walk.minor += advance(walk);
+  }
+}
+
+void draw_sloped(TGrphPage& page, const TPen& pen, TAxis major, TAxis minor) {
+  if (major.from > major.to) {
+    std::swap(major.from, major.to);
+    std::swap(minor.from, minor.to);
+  }
+  if (major.to < 0 || major.from >= major.size) return;
+  if (std::max(minor.from, minor.to) < 0 || std::min(minor.from, minor.to) >= minor.size) return;
+  const TWalk walk = begin_walk(major, minor);
+  const int64_t end = last_minor(walk);
+  if (std::min(walk.minor, end) < 0 || std::max(walk.minor, end) >= minor.size) {
+    walk_clipped(page, pen, major, minor, walk);
+  } else if (walk.step < 0) {
+    walk_inside<true>(page, pen, major, minor, walk);
+  } else {
+    walk_inside<false>(page, pen, major, minor, walk);
+  }
+}
+
+TRect clipped(const TRect& r) {
+  return {std::max(r.left, 0), std::max(r.top, 0), std::min(r.right, SCREEN_WIDTH - 1),
+          std::min(r.bottom, SCREEN_HEIGHT - 1)};
+}
+
+}  // namespace
+
+int32_t pixel_coord(double v) {
+  const double rounded = std::floor(v + 0.5);
+  if (rounded >= 2147483647.0) return INT32_MAX;
+  return rounded > -2147483648.0 ? static_cast<int32_t>(rounded) : INT32_MIN;
+}
+
+TRect rect_of(const TPixel& p1, const TPixel& p2) {
+  return {std::min(p1.x, p2.x), std::min(p1.y, p2.y), std::max(p1.x, p2.x), std::max(p1.y, p2.y)};
+}
+
+void draw_line(TGrphPage& page, const TPen& pen, const TPixel& p1, const TPixel& p2) {
+  if (p1.y == p2.y || p1.x == p2.x) {
+    fill_rect(page, pen, rect_of(p1, p2));
+    return;
+  }
+  page.Touch();
+  const TAxis across{p1.x, p2.x, SCREEN_WIDTH, 1};
+  const TAxis down{p1.y, p2.y, SCREEN_HEIGHT, SCREEN_WIDTH};
+  const bool isFlat = std::abs(across.to - across.from) >= std::abs(down.to - down.from);
+  if (isFlat) {
+    draw_sloped(page, pen, across, down);
+  } else {
+    draw_sloped(page, pen, down, across);
+  }
+}
+
+void fill_rect(TGrphPage& page, const TPen& pen, const TRect& r) {
+  const TRect inside = clipped(r);
+  if (!inside.IsValid()) return;
+  page.Touch();
+  for (int32_t y = inside.top; y <= inside.bottom; ++y) {
+    put_run(page, pen, y, inside.left, inside.right);
+  }
+}
+
+void stroke_rect(TGrphPage& page, const TPen& pen, const TRect& r) {
+  fill_rect(page, pen, {r.left, r.top, r.right, r.top});
+  fill_rect(page, pen, {r.left, r.bottom, r.right, r.bottom});
+  fill_rect(page, pen, {r.left, r.top, r.left, r.bottom});
+  fill_rect(page, pen, {r.right, r.top, r.right, r.bottom});
+}
+
+namespace {
+
+/// Moves all rows of one plane by whole rows; the opened ones are filled by the caller.
+template <typename TRow>
+void shift_rows(TRow* plane, int32_t up) {
+  const size_t kept = static_cast<size_t>(SCREEN_HEIGHT - std::abs(up)) * SCREEN_WIDTH;
+  const ptrdiff_t distance = static_cast<ptrdiff_t>(std::abs(up)) * SCREEN_WIDTH;
+  TRow* const from = up > 0 ? plane + distance : plane;
+  TRow* const to = up > 0 ? plane : plane + distance;
+  std::memmove(to, from, kept * sizeof(TRow));
+}
+
+template <typename TRow>
+void shift_columns(TRow* row, int32_t left) {
+  const size_t kept = static_cast<size_t>(SCREEN_WIDTH - std::abs(left));
+  TRow* const from = left > 0 ? row + left : row;
+  TRow* const to = left > 0 ? row : row - left;
+  std::memmove(to, from, kept * sizeof(TRow));
+}
+
+void roll_vertically(TGrphPage& page, const TPen& fill, int32_t v) {
+  shift_rows(page.IndexRow(0), v);
+  shift_rows(page.RealRow(0), v);
+  const int32_t first = v > 0 ? SCREEN_HEIGHT - v : 0;
+  const int32_t last = v > 0 ? SCREEN_HEIGHT - 1 : -v - 1;
+  fill_rect(page, fill, {0, first, SCREEN_WIDTH - 1, last});
+}
+
+void roll_horizontally(TGrphPage& page, const TPen& fill, int32_t h) {
+  for (int32_t y = 0; y < SCREEN_HEIGHT; ++y) {
+    shift_columns(page.IndexRow(y), h);
+    shift_columns(page.RealRow(y), h);
+  }
+  const int32_t first = h > 0 ? SCREEN_WIDTH - h : 0;
+  const int32_t last = h > 0 ? SCREEN_WIDTH - 1 : -h - 1;
+  fill_rect(page, fill, {first, 0, last, SCREEN_HEIGHT - 1});
+}
+
+}  // namespace
+
+void roll_page(TGrphPage& page, const TPen& fill, int32_t v, int32_t h) {
+  const bool allGone =
+      v >= SCREEN_HEIGHT || v <= -SCREEN_HEIGHT || h >= SCREEN_WIDTH || h <= -SCREEN_WIDTH;
+  if (allGone) {
+    page.Clear(fill);
+    return;
+  }
+  if (page.IsPristine() && fill.index == 0 && fill.real == 0) return;
+  page.Touch();
+  if (v != 0) roll_vertically(page, fill, v);
+  if (h != 0) roll_horizontally(page, fill, h);
+}
+
+}  // namespace zoka

@@ -1,0 +1,238 @@
+// Ellipses and arcs.
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "run/screen/raster.h"
+
+namespace zoka {
+
+namespace {
+
+/// The pixels of an ellipse's row, both ends inclusive; empty if first > last. Rows are looked at
+/// one column and one row beyond the page, so that what lies outside counts as a neighbour.
+struct TSpan {
+  int32_t first = 0;
+  int32_t last = -1;
+  bool IsEmpty() const { return first > last; }
+};
+
+constexpr int32_t BEFORE_PAGE = -1;
+constexpr int32_t BEHIND_PAGE = SCREEN_WIDTH;
+
+TEllipse normalised(TEllipse ellipse) {
+  if (ellipse.rx < 0.5) ellipse.cx = std::floor(ellipse.cx + 0.5);
+  return ellipse;
+}
+
+bool is_drawable(const TEllipse& ellipse) {
+  return ellipse.rx >= 0 && ellipse.ry >= 0;
+}
+
+/// Half the width of row y, or a negative number if the ellipse does not reach it.
+double half_width(const TEllipse& ellipse, int32_t y) {
+  const double dy = y - ellipse.cy;
+  if (!(std::fabs(dy) < ellipse.ry + 0.5)) return -1;
+  const double part = dy / (ellipse.ry + 0.5);
+  return (ellipse.rx + 0.5) * std::sqrt(1 - part * part);
+}
+
+bool covers(double cx, double half, int32_t x) {
+  return std::fabs(x - cx) < half;
+}
+
+int32_t column_of(double v) {
+  if (!(v > BEFORE_PAGE)) return BEFORE_PAGE;
+  return v < BEHIND_PAGE ? static_cast<int32_t>(v) : BEHIND_PAGE;
+}
+
+/// The span is guessed from the centre and then put right by the formula itself, which rounding may
+/// have moved by a pixel (by more far outside, but never beyond the page).
+TSpan row_span(const TEllipse& ellipse, int32_t y) {
+  const double half = half_width(ellipse, y);
+  if (!(half > 0)) return {};
+  const double cx = ellipse.cx;
+  if (!(cx + half >= BEFORE_PAGE && cx - half <= BEHIND_PAGE)) return {};
+  TSpan span{column_of(std::floor(cx - half) + 1), column_of(std::ceil(cx + half) - 1)};
+  while (span.first > BEFORE_PAGE && covers(cx, half, span.first - 1)) --span.first;
+  while (span.first <= BEHIND_PAGE && !covers(cx, half, span.first)) ++span.first;
+  while (span.last < BEHIND_PAGE && covers(cx, half, span.last + 1)) ++span.last;
+  while (span.last >= BEFORE_PAGE && !covers(cx, half, span.last)) --span.last;
+  return span;
+}
+
+/// The rows of the page that the ellipse may reach: first, and one past the last.
+struct TRows {
+  int32_t first;
+  int32_t end;
+};
+
+TRows rows_of(const TEllipse& ellipse) {
+  const double top = std::floor(ellipse.cy - ellipse.ry - 0.5);
+  const double bottom = std::ceil(ellipse.cy + ellipse.ry + 0.5);
+  const TRows rows{top > 0 ? static_cast<int32_t>(std::min<double>(top, SCREEN_HEIGHT)) : 0,
+                   bottom < SCREEN_HEIGHT ? static_cast<int32_t>(std::max<double>(bottom, -1)) + 1
+                                          : SCREEN_HEIGHT};
+  return rows;
+}
+
+void put_pixel(TGrphPage& page, const TPen& pen, const TPixel& p) {
+  fill_rect(page, pen, {p.x, p.y, p.x, p.y});
+}
+
+void put_span(TGrphPage& page, const TPen& pen, int32_t y, int32_t first, int32_t last) {
+  fill_rect(page, pen, {first, y, last, y});
+}
+
+/// The pixels of a row that have all four neighbours: the row without its ends, as far as the rows
+/// above and below cover it.
+TSpan inner_span(const TSpan& above, const TSpan& row, const TSpan& below) {
+  if (above.IsEmpty() || below.IsEmpty()) return {};
+  // An end that lies beyond the page is no end of the ellipse's.
+  const int32_t first = row.first == BEFORE_PAGE ? 0 : row.first + 1;
+  const int32_t last = row.last == BEHIND_PAGE ? BEHIND_PAGE - 1 : row.last - 1;
+  return {std::max({first, above.first, below.first}), std::min({last, above.last, below.last})};
+}
+
+/// Calls put(y, first, last) for each run of the outline.
+template <typename TPut>
+void for_outline(const TEllipse& ellipse, TPut put) {
+  const TRows rows = rows_of(ellipse);
+  TSpan above = row_span(ellipse, rows.first - 1);
+  TSpan row = row_span(ellipse, rows.first);
+  for (int32_t y = rows.first; y < rows.end; ++y) {
+    const TSpan below = row_span(ellipse, y + 1);
+    const TSpan inner = inner_span(above, row, below);
+    if (inner.IsEmpty()) {
+      put(y, row.first, row.last);
+    } else {
+      put(y, row.first, inner.first - 1);
+      put(y, inner.last + 1, row.last);
+    }
+    above = row;
+    row = below;
+  }
+}
+
+/// Tells whether pixels lie in a sector of an ellipse. A pixel's angle is the parameter of the
+/// ellipse, as it is for the radii.
+class TSectorTest {
+ public:
+  TSectorTest(const TEllipse& ellipse, const TSector& sector)
+      : mEllipse(ellipse),
+        mSector(sector),
+        mFirst(direction(sector.start)),
+        mLast(direction(sector.start + sector.span)),
+        mIsQuick(std::fabs(sector.start) < QUICK_DEGREES && sector.span >= 0) {}
+
+  bool Holds(int32_t x, int32_t y) const {
+    const TDirection p{(x - mEllipse.cx) / (mEllipse.rx + 0.5),
+                       (mEllipse.cy - y) / (mEllipse.ry + 0.5)};
+    const double first = cross(mFirst, p);
+    const double last = cross(mLast, p);
+    const bool isClear = std::fabs(first) > CLEARANCE && std::fabs(last) > CLEARANCE;
+    if (!mIsQuick || !isClear) return HoldsAngle(std::atan2(p.y, p.x));
+    const bool behindFirst = first > 0;
+    const bool beforeLast = last < 0;
+    return mSector.span <= 180 ? behindFirst && beforeLast : behindFirst || beforeLast;
+  }
+
+ private:
+  struct TDirection {
+    double x;
+    double y;
+  };
+
+  /// Farther from both borders than this the side of each decides, which costs no arc tangent;
+  /// rounding is many times smaller up to QUICK_DEGREES.
+  static constexpr double CLEARANCE = 1e-9;
+  static constexpr double QUICK_DEGREES = 10'000;
+
+  static TDirection direction(double degrees) {
+    const double a = degrees * (std::numbers::pi / 180);
+    return {std::cos(a), std::sin(a)};
+  }
+  static double cross(const TDirection& a, const TDirection& b) { return a.x * b.y - a.y * b.x; }
+
+  bool HoldsAngle(double radians) const {
+    double turned = std::fmod(radians * (180 / std::numbers::pi) - mSector.start, 360);
+    if (turned < 0) turned += 360;
+    return turned <= mSector.span;
+  }
+
+  const TEllipse mEllipse;
+  const TSector mSector;
+  const TDirection mFirst;
+  const TDirection mLast;
+  const bool mIsQuick;
+};
+
+/// Draws the pixels of a run that lie in the sector.
+void put_sector_run(TGrphPage& page, const TPen& pen, const TSectorTest& sector, int32_t y,
+                    const TSpan& run) {
+  const int32_t end = std::min(run.last, SCREEN_WIDTH - 1) + 1;
+  int32_t x = std::max(run.first, 0);
+  while (x < end) {
+    while (x < end && !sector.Holds(x, y)) ++x;
+    const int32_t first = x;
+    while (x < end && sector.Holds(x, y)) ++x;
+    put_span(page, pen, y, first, x - 1);
+  }
+}
+
+}  // namespace
+
+TPixel ellipse_point(const TEllipse& ellipse, double degrees) {
+  const double a = degrees * (std::numbers::pi / 180);
+  return {pixel_coord(ellipse.cx + ellipse.rx * std::cos(a)),
+          pixel_coord(ellipse.cy - ellipse.ry * std::sin(a))};
+}
+
+void fill_ellipse(TGrphPage& page, const TPen& pen, const TEllipse& given) {
+  if (!is_drawable(given)) return;
+  const TEllipse ellipse = normalised(given);
+  const TRows rows = rows_of(ellipse);
+  for (int32_t y = rows.first; y < rows.end; ++y) {
+    const TSpan span = row_span(ellipse, y);
+    put_span(page, pen, y, span.first, span.last);
+  }
+}
+
+void stroke_ellipse(TGrphPage& page, const TPen& pen, const TEllipse& given) {
+  if (!is_drawable(given)) return;
+  for_outline(normalised(given),
+              [&](int32_t y, int32_t first, int32_t last) { put_span(page, pen, y, first, last); });
+}
+
+void stroke_arc(TGrphPage& page, const TPen& pen, const TEllipse& given, const TSector& sector) {
+  if (!is_drawable(given)) return;
+  if (sector.span >= 360) {
+    stroke_ellipse(page, pen, given);
+    return;
+  }
+  const TEllipse ellipse = normalised(given);
+  const TSectorTest test(ellipse, sector);
+  for_outline(ellipse, [&](int32_t y, int32_t first, int32_t last) {
+    put_sector_run(page, pen, test, y, {first, last});
+  });
+  // A thin arc may pass between the pixels: its ends are always there.
+  put_pixel(page, pen, ellipse_point(given, sector.start));
+  put_pixel(page, pen, ellipse_point(given, sector.start + sector.span));
+}
+
+void fill_arc(TGrphPage& page, const TPen& pen, const TEllipse& given, const TSector& sector) {
+  if (!is_drawable(given)) return;
+  if (sector.span >= 360) {
+    fill_ellipse(page, pen, given);
+    return;
+  }
+  const TEllipse ellipse = normalised(given);
+  const TSectorTest test(ellipse, sector);
+  const TRows rows = rows_of(ellipse);
+  for (int32_t y = rows.first; y < rows.end; ++y) {
+    put_sector_run(page, pen, test, y, row_span(ellipse, y));
+  }
+  put_pixel(page, pen, {pixel_coord(given.cx), pixel_coord(given.cy)});
+}
+
+}  // namespace zoka
