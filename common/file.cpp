@@ -7,7 +7,6 @@
 #include <sys/xattr.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <map>
@@ -94,20 +93,14 @@ void TBasicFile::Seek(int64_t position) {
   mFilled = 0;
 }
 
-/// As pread(2), but not to be interrupted.
-int64_t TBasicFile::ReadAt(char* buffer, size_t size, int64_t position) const {
-  ssize_t count = -1;
-  do {
-    count = pread(mDescriptor, buffer, size, position);
-  } while (count < 0 && errno == EINTR);
-  return count;
-}
-
 bool TBasicFile::Fill() {
   if (!mBuffer) mBuffer = std::make_unique<char[]>(BUFFER_BYTES);
   Seek(Position());
   mWritesSeen = mWrites->load(std::memory_order_acquire);
-  const int64_t count = ReadAt(mBuffer.get(), BUFFER_BYTES, mBufferStart);
+  ssize_t count = -1;
+  do {
+    count = pread(mDescriptor, mBuffer.get(), BUFFER_BYTES, mBufferStart);
+  } while (count < 0 && errno == EINTR);
   if (count <= 0) return false;
   mFilled = static_cast<size_t>(count);
   return true;
@@ -116,25 +109,6 @@ bool TBasicFile::Fill() {
 bool TBasicFile::ReadByteSlowly(char* byte) {
   if (!Fill()) return false;
   *byte = mBuffer[mNext++];
-  return true;
-}
-
-bool TBasicFile::ReadAll(std::string* bytes, int64_t limit) {
-  const int64_t start = Position();
-  const int64_t size = std::max<int64_t>(Size() - start, 0);
-  bytes->clear();
-  if (size > limit) return false;
-  bytes->resize(static_cast<size_t>(size));
-  size_t filled = 0;
-  while (filled < bytes->size()) {
-    const int64_t count = ReadAt(bytes->data() + filled, bytes->size() - filled,
-                                 start + static_cast<int64_t>(filled));
-    if (count < 0) return false;
-    if (count == 0) break;  // someone has cut the file meanwhile
-    filled += static_cast<size_t>(count);
-  }
-  bytes->resize(filled);
-  Seek(start + static_cast<int64_t>(filled));
   return true;
 }
 

@@ -34,9 +34,6 @@ class TBasicFile {
     *byte = mBuffer[mNext++];
     return true;
   }
-  /// Reads from the position to the end of the file. False on a failure, and if that would be more
-  /// than `limit` bytes.
-  bool ReadAll(std::string* bytes, int64_t limit);
   /// Reads up to a line feed, which is taken but not stored, up to `limit` bytes or up to the end.
   /// False if the file was at its end.
   bool ReadLine(std::string* line, size_t limit = SIZE_MAX);
@@ -66,7 +63,6 @@ class TBasicFile {
   bool IsStale() const { return mWrites->load(std::memory_order_acquire) != mWritesSeen; }
   bool ReadByteSlowly(char* byte);
   bool Fill();
-  int64_t ReadAt(char* buffer, size_t size, int64_t position) const;
   int64_t Size() const;
 
   int mDescriptor = -1;

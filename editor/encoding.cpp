@@ -1,13 +1,11 @@
 // Reads a list: decoding of tokens, choice of the character set, conversion, and the account of it.
 #include "editor/encoding.h"
 
-#include <fcntl.h>
-
 #include <algorithm>
 #include <new>
 #include <utility>
 
-#include "common/file.h"
+#include "common/file_save.h"
 #include "common/text/charset.h"
 #include "editor/binary_save.h"
 #include "editor/encoding_convert.h"
@@ -83,7 +81,7 @@ std::string report_line(const char* key, int64_t count, const TCatalogue& catalo
 }  // namespace
 
 TListFault list_from_bytes(std::string bytes, int32_t encoding, bool cv98, TListText* list) {
-  if (bytes.size() > static_cast<size_t>(MAX_LIST_BYTES)) return TListFault::CannotLoad;
+  if (bytes.size() > MAX_LIST_BYTES) return TListFault::CannotLoad;
   try {
     return read_list(std::move(bytes), encoding, cv98, list);
   } catch (const std::bad_alloc&) {
@@ -93,10 +91,8 @@ TListFault list_from_bytes(std::string bytes, int32_t encoding, bool cv98, TList
 
 TListFault CreateListCtt(const std::string& path, int32_t encoding, bool cv98, TListText* list) {
   try {
-    TBasicFile file;
     std::string bytes;
-    if (file.SetTo(path, O_RDONLY) != 0) return TListFault::CannotLoad;
-    if (!file.ReadAll(&bytes, MAX_LIST_BYTES)) return TListFault::CannotLoad;
+    if (!read_file_whole(path, MAX_LIST_BYTES, &bytes)) return TListFault::CannotLoad;
     return list_from_bytes(std::move(bytes), encoding, cv98, list);
   } catch (const std::bad_alloc&) {
     return TListFault::CannotLoad;

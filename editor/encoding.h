@@ -2,6 +2,7 @@
 // text of three encodings, or a tokenised list.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -19,7 +20,7 @@ constexpr int32_t ENCODING_SJIS = 3;
 constexpr int32_t ENCODING_JIS = 4;
 
 /// The longest file that is taken for a list: far above any list, and small enough to be converted.
-constexpr int64_t MAX_LIST_BYTES = 64 * 1024 * 1024;
+constexpr size_t MAX_LIST_BYTES = 64 * 1024 * 1024;
 
 /// A list as it was read.
 struct TListText {

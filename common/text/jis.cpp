@@ -91,8 +91,8 @@ class TPairTable {
 };
 
 const TPairTable& pair_table() {
-  static const TPairTable table;
-  return table;
+  static const TPairTable TABLE;
+  return TABLE;
 }
 
 /// The character by which the table knows one that other systems write differently.

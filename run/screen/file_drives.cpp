@@ -56,11 +56,11 @@ std::string link_target(const std::string& path) {
 /// set if it can't be told, to ENOENT if a folder on the way does not exist.
 std::string place_of(std::string path) {
   for (int links = 0; links < MAX_LINKS; ++links) {
-    const std::string real = real_path(path);
+    std::string real = real_path(path);
     if (!real.empty() || errno != ENOENT) return real;
     const std::string folder = real_path(extract_file_folder_path_kernel(path));
     if (folder.empty()) return {};
-    const std::string place = folder + "/" + extract_file_name(path);
+    std::string place = folder + "/" + extract_file_name(path);
     const std::string target = link_target(place);
     if (target.empty()) return place;
     path = target[0] == '/' ? target : folder + "/" + target;
@@ -108,7 +108,7 @@ std::string TDriveFolders::FullPathFName(std::string_view name, bool mustExist) 
   const size_t colon = name.find(':');
   if (colon != std::string_view::npos) name.remove_prefix(colon + 1);
   if (folder.empty()) fail_file("@Runtime_Err_Disk_Offline@");
-  const std::string path = folder + "/" + std::string(name);
+  std::string path = folder + "/" + std::string(name);
   if (!is_within(path, folder)) fail_file("@Runtime_Err_Cannot_Open_File@");
   struct stat status;
   const bool exists = stat(path.c_str(), &status) == 0;

@@ -70,23 +70,6 @@ TEST(BasicFile, ReadsLines) {
   EXPECT_EQ(line, "");
 }
 
-TEST(BasicFile, ReadsAllThatIsLeft) {
-  TTempFolder folder;
-  folder.Write("A", std::string_view("abc\0ef", 6));
-  TBasicFile file;
-  ASSERT_EQ(file.SetTo(folder.Path("A"), O_RDONLY), 0);
-  std::string bytes = "old";
-  EXPECT_FALSE(file.ReadAll(&bytes, 5));
-  EXPECT_EQ(bytes, "");
-  char byte = 0;
-  EXPECT_TRUE(file.ReadByte(&byte));
-  EXPECT_TRUE(file.ReadAll(&bytes, 5));
-  EXPECT_EQ(bytes, std::string("bc\0ef", 5));
-  EXPECT_TRUE(file.Eof());
-  EXPECT_TRUE(file.ReadAll(&bytes, 0));
-  EXPECT_EQ(bytes, "");
-}
-
 TEST(BasicFile, WritesLines) {
   TTempFolder folder;
   TBasicFile file;

@@ -131,7 +131,7 @@ TEST(List, BadTokenisedFile) {
 TEST(List, CapOnTheSize) {
   TListText list;
   list.text = "old";
-  std::string bytes(static_cast<size_t>(MAX_LIST_BYTES), '\r');
+  std::string bytes(MAX_LIST_BYTES, '\r');
   EXPECT_EQ(list_from_bytes(bytes + "A", ENCODING_AUTO, true, &list), TListFault::CannotLoad);
   EXPECT_EQ(list.text, "old");
   EXPECT_EQ(list_from_bytes(std::move(bytes), ENCODING_AUTO, true, &list), TListFault::None);
@@ -164,7 +164,7 @@ TEST_F(ListFile, OnlyRegularFiles) {
   EXPECT_EQ(CreateListCtt("/dev/zero", ENCODING_AUTO, true, &mList), TListFault::CannotLoad);
 }
 
-TEST_F(ListFile, TooGreatAFileIsNotEvenRead) {
+TEST_F(ListFile, TooGreatAFile) {
   mTemp.Write("BIG", "");
   ASSERT_EQ(truncate(mTemp.Path("BIG").c_str(), MAX_LIST_BYTES + 1), 0);
   EXPECT_EQ(Load("BIG"), TListFault::CannotLoad);
