@@ -190,7 +190,7 @@ class TCompiler {
 #define ZOKA_FUNCTION_GENERATOR(generator) \
   TToken GenFunc##generator(const TToken& first, TTokenKind* kind);
 #include "compiler/generators.def"
-#include "compiler/function_helpers.h"  // the six that hold the work
+#include "compiler/function_helpers.h"  // those that hold the work
 
   static const TProc* ProcTable();
   static const TFunc* FuncTable();

@@ -10,3 +10,11 @@ TToken GenFuncNoArgSpecifyRet(const TToken& first, TVMCodeCmd cmd, TTokenKind re
 TToken GenFuncInstrFamily(const TToken& first, TVMCodeCmd cmd, TTokenKind* kind);
 TToken GenFuncMidDlFamily(const TToken& first, TVMCodeCmd cmd, TTokenKind* kind);
 TToken GenFuncUserFuncCall(const TToken& first, TTokenKind* kind);
+/// A function whose second argument may be left out; the operand says whether it was written.
+TToken GenFuncOptionalArg(TVMCodeCmd cmd, std::string_view pattern, TTokenKind retKind,
+                          TTokenKind* kind);
+TToken GenFuncTwoArgs(TVMCodeCmd cmd, std::string_view pattern, TTokenKind retKind,
+                      TTokenKind* kind);
+/// A function that is not implemented: skips its argument and pushes 0, or an empty text.
+TToken GenFuncConstant(const TToken& first, TTokenKind retKind, TTokenKind* kind);
+void AddConstant(TTokenKind kind);

@@ -1,0 +1,42 @@
+// The two tables from an operation number to the generator of its keyword. The rows are those of
+// core/keywords.def; nothing else decides what a word compiles to.
+#include <cstddef>
+
+#include "compiler/compiler.h"
+
+namespace zoka {
+namespace {
+
+// Operation numbers are 16 bits wide. The tables lie in zeroed memory, of which only the few pages
+// that hold a row are ever touched.
+constexpr size_t TABLE_SIZE = 0x10000;
+
+}  // namespace
+
+const TCompiler::TProc* TCompiler::ProcTable() {
+  static TProc table[TABLE_SIZE];
+  [[maybe_unused]] static const bool filled = [] {
+#define ZOKA_STATEMENT(spelling, operation, generator) \
+  table[static_cast<size_t>(TVMCodeCmd::operation)] = &TCompiler::GenProc##generator;
+#define ZOKA_BOTH(spelling, operation, statement, function) \
+  ZOKA_STATEMENT(spelling, operation, statement)
+#include "core/keywords.def"
+    return true;
+  }();
+  return table;
+}
+
+const TCompiler::TFunc* TCompiler::FuncTable() {
+  static TFunc table[TABLE_SIZE];
+  [[maybe_unused]] static const bool filled = [] {
+#define ZOKA_FUNCTION(spelling, operation, generator) \
+  table[static_cast<size_t>(TVMCodeCmd::operation)] = &TCompiler::GenFunc##generator;
+#define ZOKA_BOTH(spelling, operation, statement, function) \
+  ZOKA_FUNCTION(spelling, operation, function)
+#include "core/keywords.def"
+    return true;
+  }();
+  return table;
+}
+
+}  // namespace zoka
