@@ -78,6 +78,7 @@ TToken GenProcColor2(const TToken& first);
 TToken GenStepPoint(const TToken& first);
 TToken GenLineOptions(const TToken& first, TVMCodeCmd* cmd, int32_t* count);
 TToken GenFillOperand(const TToken& first, int32_t* count);
+TToken GenPlace(const TToken& first);
 TToken GenCircleOptions(const TToken& first, bool* arc, bool* fill, int32_t* count);
 TToken GenProcGetKernel(const TToken& first);
 TToken GenProcPutKernel(const TToken& first);

@@ -98,12 +98,7 @@ TToken TCompiler::GenFillOperand(const TToken& first, int32_t* count) {
 
 TToken TCompiler::GenProcCircle(const TToken&) {
   TToken token = CheckComma(GenStepPoint(Token()));
-  token = Token();
-  if (token.kind == ttComma || IsMultiExprEndToken(token)) {
-    AddAbbrevs(1);
-  } else {
-    token = GenNumber(token);
-  }
+  token = GenPlace(Token());
   bool arc = false;
   bool fill = false;
   int32_t count = 0;
@@ -114,18 +109,22 @@ TToken TCompiler::GenProcCircle(const TToken&) {
   return token;
 }
 
+// One place of a list: an expression, or the mark of one left out.
+TToken TCompiler::GenPlace(const TToken& first) {
+  TTokenKind kind;
+  if (!IsExprEndToken(first)) return GenExpr(first, false, &kind);
+  AddAbbrevs(1);
+  return first;
+}
+
 // "[colour][,[start][,[end][,[ratio][,[F][,fill]]]]]"
 TToken TCompiler::GenCircleOptions(const TToken& first, bool* arc, bool* fill, int32_t* count) {
   constexpr int32_t PLACES = 4;
   TToken token = first;
   for (int32_t place = 0; place < PLACES; ++place) {
     if (IsMultiExprEndToken(token)) return token;
-    if (token.kind == ttComma) {
-      AddAbbrevs(1);
-    } else {
-      token = GenNumber(token);
-      if (place == 1 || place == 2) *arc = true;
-    }
+    if (token.kind != ttComma && (place == 1 || place == 2)) *arc = true;
+    token = GenPlace(token);
     ++*count;
     if (token.kind != ttComma) return token;
     token = Token();
