@@ -4,12 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <memory>
 #include <span>
 #include <string>
 
 #include "app/settings/prefs.h"
 #include "common/catalogue.h"
 #include "common/context.h"
+#include "common/thread.h"
 #include "compiler/compiler.h"
 #include "core/code_listing.h"
 
@@ -91,6 +93,32 @@ inline std::string compiled(const std::string& statement) {
   const TCompilation compilation("10 " + statement);
   return compilation.result == TCompileResult::Failed ? compilation.key
                                                       : code_words(compilation.code);
+}
+
+/// Compiles on a thread with the stack that engine threads have, as deep nesting needs.
+class TCompileThread : public TThread {
+ public:
+  TCompileThread(TClock& clock, const std::string& statement)
+      : TThread("compiler test", 15, clock, TActorClass::Machine), mStatement(statement) {}
+  const std::string& Code() const { return mCode; }
+
+ private:
+  int32_t Execute() override {
+    mCode = compiled(mStatement);
+    return 0;
+  }
+
+  std::string mStatement;
+  std::string mCode;
+};
+
+inline std::string compiled_on_thread(const std::string& statement) {
+  const std::unique_ptr<TClock> clock = make_real_clock();
+  TCompileThread thread(*clock, statement);
+  thread.Resume();
+  int32_t result = 0;
+  thread.Wait(&result);
+  return thread.Code();
 }
 
 struct TCompileRow {

@@ -19,24 +19,21 @@ constexpr TCompileRow IF[] = {
     {"IF A THEN BEEP:CLS", IF_A SEP "Beep 0" SEP "Cls 0" SEP "@L0:"},
     // Only the first statement may be a line number.
     {"IF A THEN BEEP:100", SYNTAX},
-    {"IF A THEN 100 ELSE 200", IF_A SEP INT(100) SEP "BJmp" SEP JMP("@L1") SEP "@L0:" SEP INT(200)
-                                   SEP "BJmp" SEP "@L1:"},
-    {"IF A THEN BEEP ELSE *L",
-     IF_A SEP "Beep 0" SEP JMP("@L1") SEP "@L0:" SEP JMP("L") SEP "@L1:"},
+    {"IF A THEN 100 ELSE 200",
+     IF_A SEP INT(100) SEP "BJmp" SEP JMP("@L1") SEP "@L0:" SEP INT(200) SEP "BJmp" SEP "@L1:"},
+    {"IF A THEN BEEP ELSE *L", IF_A SEP "Beep 0" SEP JMP("@L1") SEP "@L0:" SEP JMP("L") SEP "@L1:"},
     {"IF A THEN ELSE BEEP", IF_A SEP JMP("@L1") SEP "@L0:" SEP "Beep 0" SEP "@L1:"},
     // An ELSE belongs to the nearest IF.
-    {"IF A THEN IF B THEN 1 ELSE 2",
-     IF_A SEP STR("@L1") SEP LOAD("B!") SEP "BFJmp" SEP INT(1) SEP "BJmp" SEP JMP("@L2") SEP
-         "@L1:" SEP INT(2) SEP "BJmp" SEP "@L0:" SEP "@L2:"},
-    {"IF A THEN IF B THEN 1 ELSE 2 ELSE 3",
-     IF_A SEP STR("@L1") SEP LOAD("B!") SEP "BFJmp" SEP INT(1) SEP "BJmp" SEP JMP("@L2") SEP
-         "@L1:" SEP INT(2) SEP "BJmp" SEP "@L2:" SEP JMP("@L3") SEP "@L0:" SEP INT(3) SEP "BJmp" SEP
-         "@L3:"},
+    {"IF A THEN IF B THEN 1 ELSE 2", IF_A SEP STR("@L1") SEP LOAD("B!") SEP "BFJmp" SEP INT(1) SEP
+     "BJmp" SEP JMP("@L2") SEP "@L1:" SEP INT(2) SEP "BJmp" SEP "@L0:" SEP "@L2:"},
+    {"IF A THEN IF B THEN 1 ELSE 2 ELSE 3", IF_A SEP STR("@L1") SEP LOAD("B!") SEP
+     "BFJmp" SEP INT(1) SEP "BJmp" SEP JMP("@L2") SEP "@L1:" SEP INT(2) SEP
+     "BJmp" SEP "@L2:" SEP JMP("@L3") SEP "@L0:" SEP INT(3) SEP "BJmp" SEP "@L3:"},
     {"IF A THEN 1 ELSE 2 ELSE 3", DIRECT},
     {"IF A THEN BEEP\n20 CLS", IF_A SEP "Beep 0" SEP "@L0:" SEP "BLineBegin 20" SEP "Cls 0"},
     {"IF A THEN\n20 CLS", IF_A SEP "@L0:" SEP "BLineBegin 20" SEP "Cls 0"},
-    {"IF A$=\"X\" THEN 1", STR("@L0") SEP LOAD("A$") SEP STR("X") SEP "BEqualString" SEP "BFJmp" SEP
-                               INT(1) SEP "BJmp" SEP "@L0:"},
+    {"IF A$=\"X\" THEN 1", STR("@L0") SEP LOAD("A$") SEP STR("X") SEP
+     "BEqualString" SEP "BFJmp" SEP INT(1) SEP "BJmp" SEP "@L0:"},
     {"IF A", NO_THEN},
     {"IF A:BEEP", NO_THEN},
     {"IF A GO TO 20", NO_THEN},
@@ -77,8 +74,7 @@ constexpr TCompileRow JUMPS[] = {
 };
 
 constexpr TCompileRow ON[] = {
-    {"ON X GOTO 10,,30",
-     LOAD("X!") SEP INT(10) SEP OMIT SEP INT(30) SEP "OnGoto 3"},
+    {"ON X GOTO 10,,30", LOAD("X!") SEP INT(10) SEP OMIT SEP INT(30) SEP "OnGoto 3"},
     {"ON X GO TO 10", LOAD("X!") SEP INT(10) SEP "OnGoto 1"},
     {"ON X+1 GOSUB *A,20",
      LOAD("X!") SEP INT(1) SEP "BAddFloat" SEP STR("A") SEP INT(20) SEP "OnGosub 2"},
@@ -131,13 +127,21 @@ constexpr TCompileRow RUN_CHAIN[] = {
     {"CHAIN \"A\",1,ALL,FOO", ILL_CALL},
 };
 
-TEST(ControlFlow, If) { check_rows(IF); }
+TEST(ControlFlow, If) {
+  check_rows(IF);
+}
 
-TEST(ControlFlow, Jumps) { check_rows(JUMPS); }
+TEST(ControlFlow, Jumps) {
+  check_rows(JUMPS);
+}
 
-TEST(ControlFlow, On) { check_rows(ON); }
+TEST(ControlFlow, On) {
+  check_rows(ON);
+}
 
-TEST(ControlFlow, RunAndChain) { check_rows(RUN_CHAIN); }
+TEST(ControlFlow, RunAndChain) {
+  check_rows(RUN_CHAIN);
+}
 
 std::vector<int32_t> statement_begins(const std::string& text) {
   const TCompilation compilation(text);
@@ -153,8 +157,8 @@ TEST(ControlFlow, StatementBegins) {
   EXPECT_EQ(statement_begins("10 IF A THEN BEEP ELSE CLS"), (std::vector<int32_t>{2, 6, 7, 9}));
   // 2 push end, 3-4 A, 5 jump, 6 BEEP, 7 WEND: push top, 8 jump
   EXPECT_EQ(statement_begins("10 WHILE A:BEEP:WEND"), (std::vector<int32_t>{2, 6, 7}));
-  // 2-5 I=1, 6-7 jump to the test, 8-13 increment, 14-20 test, 21 BEEP, 22 NEXT
-  EXPECT_EQ(statement_begins("10 FOR I=1 TO 3:BEEP:NEXT"), (std::vector<int32_t>{2, 6, 21, 22}));
+  // 2-5 I=1, 6-7 jump to the test, 8-14 increment, 15-21 test, 22 BEEP, 23 NEXT
+  EXPECT_EQ(statement_begins("10 FOR I=1 TO 3:BEEP:NEXT"), (std::vector<int32_t>{2, 6, 22, 23}));
 }
 
 std::string repeated(const std::string& text, int count) {
@@ -164,12 +168,13 @@ std::string repeated(const std::string& text, int count) {
 }
 
 TEST(ControlFlow, DeepNestingIsASyntaxError) {
-  EXPECT_EQ(compiled(repeated("IF A THEN ", 1999) + "BEEP").find("Compile_Err"), std::string::npos);
-  EXPECT_EQ(compiled(repeated("IF A THEN ", 10'000) + "BEEP"), SYNTAX);
-  EXPECT_EQ(compiled(repeated("WHILE A:", 10'000)), SYNTAX);
-  EXPECT_EQ(compiled(repeated("FOR I=1 TO 2:", 10'000)), SYNTAX);
-  EXPECT_EQ(compiled("ERROR " + repeated("(", 10'000)), SYNTAX);
-  EXPECT_EQ(compiled("PRINT " + repeated("LEN(", 10'000)), SYNTAX);
+  EXPECT_EQ(compiled_on_thread(repeated("IF A THEN ", 1999) + "BEEP").find("Compile_Err"),
+            std::string::npos);
+  EXPECT_EQ(compiled_on_thread(repeated("IF A THEN ", 10'000) + "BEEP"), SYNTAX);
+  EXPECT_EQ(compiled_on_thread(repeated("WHILE A:", 10'000)), SYNTAX);
+  EXPECT_EQ(compiled_on_thread(repeated("FOR I=1 TO 2:", 10'000)), SYNTAX);
+  EXPECT_EQ(compiled_on_thread("ERROR " + repeated("(", 10'000)), SYNTAX);
+  EXPECT_EQ(compiled_on_thread("PRINT " + repeated("LEN(", 10'000)), SYNTAX);
 }
 
 }  // namespace

@@ -93,8 +93,9 @@ constexpr TFunctionRow FUNCTIONS[] = {
 };
 
 // Not implemented: an argument is skipped.
-constexpr const char* ZEROS[] = {"CVI", "CVS", "CVD", "DSKF",   "FPOS", "FRE",    "KTYPE", "LOC", "LOF",
-                                 "LPOS", "MAP", "PEN", "STATUS", "USR",  "VARPTR", "VIEW",  "WINDOW"};
+constexpr const char* ZEROS[] = {"CVI",    "CVS", "CVD",    "DSKF", "FPOS",  "FRE",
+                                 "KTYPE",  "LOC", "LOF",    "LPOS", "MAP",   "PEN",
+                                 "STATUS", "USR", "VARPTR", "VIEW", "WINDOW"};
 constexpr const char* EMPTIES[] = {"ATTR$", "DSKI$", "MKI$", "MKS$", "MKD$"};
 
 const char* added(char type) {
@@ -112,8 +113,8 @@ const char* added(char type) {
 void check_function(const std::string& call, const std::string& code, char type) {
   const bool isText = type == '$';
   const std::string statement = "PRINT " + call + (isText ? "+\"x\";" : "+1;");
-  const std::string sum = isText ? " / BPushString \"x\" / BAddString"
-                                 : std::string(" / BPushInt 1 / ") + added(type);
+  const std::string sum =
+      isText ? " / BPushString \"x\" / BAddString" : std::string(" / BPushInt 1 / ") + added(type);
   EXPECT_EQ(compiled(statement), code + sum + " / Print 0 / BUpdateScreen") << statement;
 }
 
@@ -136,11 +137,10 @@ TEST(Functions, NotImplemented) {
 
 constexpr const char* MATH[] = {"ABS", "ATN", "COS", "EXP", "LOG", "SIN", "SQR", "TAN"};
 constexpr const char* ONE_TEXT[] = {"AKCNV$", "JIS$", "KACNV$", "KNJ$", "ASC", "LEN", "VAL"};
-constexpr const char* ONE_NUMBER[] = {"CHR$", "HEX$", "OCT$", "SPACE$", "STR$", "SPC",  "TAB", "CINT",
-                                      "EOF",  "FIX",  "INP",  "INT",    "PEEK", "POS",  "SGN", "CSNG",
-                                      "CDBL"};
-constexpr const char* BARE[] = {"CSRLIN",       "DATE$",     "INKEY$", "TIME$",
-                                "ZOKAVERSION$", "SYSTEMTIME"};
+constexpr const char* ONE_NUMBER[] = {"CHR$", "HEX$", "OCT$", "SPACE$", "STR$", "SPC",
+                                      "TAB",  "CINT", "EOF",  "FIX",    "INP",  "INT",
+                                      "PEEK", "POS",  "SGN",  "CSNG",   "CDBL"};
+constexpr const char* BARE[] = {"CSRLIN", "DATE$", "INKEY$", "TIME$", "ZOKAVERSION$", "SYSTEMTIME"};
 
 TEST(Functions, FaultsOfMath) {
   for (const std::string word : MATH) {
@@ -179,7 +179,7 @@ constexpr TCompileRow FAULTS[] = {
     {"A=INSTR(A$,1)", MISMATCH},
     {"A=INSTR(1,2,A$)", MISMATCH},
     {"A=INSTR(1,A$,B$,C$)", MISMATCH},
-    {"A=INSTR(A$,B$", MISSING},
+    {"A=INSTR(A$,B$", NO_RPAR},
     {"A=KINSTR(A$)", SYNTAX},
     {"A=KINSTR(1,A$,B$,1)", MISMATCH},
     {"A$=MID$(A$)", SYNTAX},
@@ -226,10 +226,12 @@ constexpr TCompileRow FAULTS[] = {
     {"A=SEARCH(A%,1", NO_RPAR},
     {"A=FNA(1", NO_RPAR},
     {"A=FNA(?)", SYNTAX},
-    {"A=ERR(1)", "BPushInt -1 / BPushVar var:A! / BPushInt 1 / BPushInt 0 / BAssignArray"},
+    {"A=ERR(1)", REF("A!") SEP INT(0) SEP INT(1) SEP "BAssignArray"},
 };
 
-TEST(Functions, Faults) { check_rows(FAULTS); }
+TEST(Functions, Faults) {
+  check_rows(FAULTS);
+}
 
 }  // namespace
 }  // namespace zoka

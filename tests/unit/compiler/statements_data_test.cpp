@@ -23,7 +23,7 @@ constexpr TCompileRow FORMS[] = {
     {"DEF USR=5", ""},
     {"DEF USR (1)=5", ""},
     {"DEFINT A-C:A=1:C=2:D=3", REF("A%") SEP INT(1) SEP "BAssignArray" SEP REF("C%") SEP INT(2) SEP
-                                  "BAssignArray" SEP REF("D!") SEP INT(3) SEP "BAssignArray"},
+     "BAssignArray" SEP REF("D!") SEP INT(3) SEP "BAssignArray"},
     {"DEFSTR S:S=\"A\"", REF("S$") SEP STR("A") SEP "BAssignArray"},
     {"DEFDBL S:S=1", REF("S#") SEP INT(1) SEP "BAssignArray"},
     {"DEFDBL S:DEFSNG S:S=1", REF("S!") SEP INT(1) SEP "BAssignArray"},
@@ -36,13 +36,12 @@ constexpr TCompileRow FORMS[] = {
     {"DEF FNA%(X%,Y$)=LEN(Y$)", DEF_FN("BLoadUserFuncParam 1" SEP "Len" SEP "Cint")},
     {"DEF FND#(X)=X", DEF_FN("BLoadUserFuncParam 0" SEP "Cdbl")},
     {"DEF FNS$(A$)=A$", DEF_FN("BLoadUserFuncParam 0")},
-    {"DEF FNA(X!)=X+Y",
-     DEF_FN("BLoadUserFuncParam 0" SEP LOAD("Y!") SEP "BAddFloat" SEP "Csng")},
+    {"DEF FNA(X!)=X+Y", DEF_FN("BLoadUserFuncParam 0" SEP LOAD("Y!") SEP "BAddFloat" SEP "Csng")},
     // Behind the definition the name is the variable again.
     {"DEF FNA(X)=X:X=1",
      DEF_FN("BLoadUserFuncParam 0" SEP "Csng") SEP REF("X!") SEP INT(1) SEP "BAssignArray"},
-    {"PRINT FNA(1);", "BPushSpecial 17" SEP INT(1) SEP "BCallUserFunc \"FNA\"" SEP "Print 0" SEP
-                          "BUpdateScreen"},
+    {"PRINT FNA(1);",
+     "BPushSpecial 17" SEP INT(1) SEP "BCallUserFunc \"FNA\"" SEP "Print 0" SEP "BUpdateScreen"},
 };
 
 constexpr TCompileRow FAULTS[] = {
@@ -100,8 +99,8 @@ constexpr TCompileRow DATA[] = {
     {"DATA", ITEM("")},
     {"DATA ,", ITEM("") SEP ITEM("")},
     {"DATA ,,A", ITEM("") SEP ITEM("") SEP ITEM("A")},
-    {"DATA A@,1E5,&,1.,&O7,&HFF", ITEM("A@") SEP ITEM("1E5") SEP ITEM("&") SEP ITEM("1.") SEP
-                                      ITEM("&O7") SEP ITEM("&HFF")},
+    {"DATA A@,1E5,&,1.,&O7,&HFF",
+     ITEM("A@") SEP ITEM("1E5") SEP ITEM("&") SEP ITEM("1.") SEP ITEM("&O7") SEP ITEM("&HFF")},
     {"DATA   A  B  ", ITEM("A  B")},
     {"DATA lower Case", ITEM("lower Case")},
     {"DATA -1,+2", ITEM("-1") SEP ITEM("+2")},
@@ -118,8 +117,7 @@ constexpr TCompileRow DATA[] = {
     {"DATA 'comment", ITEM("")},
     {"DATA A\n20 DATA B", ITEM("A") SEP "BLineBegin 20" SEP ITEM("B")},
     {"DATA A 'c\n20 DATA B", ITEM("A") SEP "BLineBegin 20" SEP ITEM("B")},
-    {"IF 1 THEN DATA A ELSE B",
-     STR("@L0") SEP INT(1) SEP "BFJmp" SEP ITEM("A ELSE B") SEP "@L0:"},
+    {"IF 1 THEN DATA A ELSE B", STR("@L0") SEP INT(1) SEP "BFJmp" SEP ITEM("A ELSE B") SEP "@L0:"},
     {"DATA \xE3\x81\x82", ITEM("\xE3\x81\x82")},
     // Names are names again behind the statement.
     {"DATA A@:B@=1", SYNTAX},
@@ -127,11 +125,17 @@ constexpr TCompileRow DATA[] = {
     {"DATA \x01", "@Compile_Err_Unknown_Symbol %Symbol%@"},
 };
 
-TEST(StatementsData, Forms) { check_rows(FORMS); }
+TEST(StatementsData, Forms) {
+  check_rows(FORMS);
+}
 
-TEST(StatementsData, Faults) { check_rows(FAULTS); }
+TEST(StatementsData, Faults) {
+  check_rows(FAULTS);
+}
 
-TEST(StatementsData, DataItems) { check_rows(DATA); }
+TEST(StatementsData, DataItems) {
+  check_rows(DATA);
+}
 
 TEST(StatementsData, UserFunctionKeepsItsParameters) {
   TCompilation compilation("10 DEFINT I:DEF FNA(X,I,S$,D#)=1");

@@ -32,8 +32,8 @@ constexpr TCompileRow FORMS[] = {
     {"NAME \"A\" AS \"B\":BEEP", "Beep 0"},
     {"FIELD #1,10 AS A$,20 AS B$:BEEP", "Beep 0"},
     {"ERROR 5 'x\n20 BEEP", "BLineBegin 20" SEP "Beep 0"},
-    {"IF 1 THEN POKE 1,2 ELSE BEEP", STR("@L0") SEP INT(1) SEP "BFJmp" SEP JMP("@L1") SEP "@L0:" SEP
-                                         "Beep 0" SEP "@L1:"},
+    {"IF 1 THEN POKE 1,2 ELSE BEEP",
+     STR("@L0") SEP INT(1) SEP "BFJmp" SEP JMP("@L1") SEP "@L0:" SEP "Beep 0" SEP "@L1:"},
 };
 
 constexpr TCompileRow FAULTS[] = {
@@ -59,16 +59,20 @@ constexpr TCompileRow FAULTS[] = {
 
 // Each takes any argument and yields no code.
 constexpr const char* IGNORED[] = {
-    "AUTO",  "BLOAD",  "BSAVE", "CLEAR", "CMD",  "COM",    "COMMON", "CONT",  "COPY",  "DELETE",
-    "DRAW",  "DSKO$",  "EDIT",  "ERASE", "ERROR", "FIELD", "KILL",   "KPLOAD", "LFILES", "LIST",
-    "LLIST", "LOAD",   "LPRINT", "LSET", "MERGE", "NAME",  "NEW",    "OUT",   "PEN",   "POKE",
-    "RENUM", "RESUME", "RSET",  "SAVE",  "SET",  "TERM",   "TROFF",  "TRON",  "VIEW",  "VOICE",
-    "WAIT",  "WINDOW",
+    "AUTO",   "BLOAD", "BSAVE", "CLEAR", "CMD",    "COM",    "COMMON", "CONT", "COPY",
+    "DELETE", "DRAW",  "DSKO$", "EDIT",  "ERASE",  "ERROR",  "FIELD",  "KILL", "KPLOAD",
+    "LFILES", "LIST",  "LLIST", "LOAD",  "LPRINT", "LSET",   "MERGE",  "NAME", "NEW",
+    "OUT",    "PEN",   "POKE",  "RENUM", "RESUME", "RSET",   "SAVE",   "SET",  "TERM",
+    "TROFF",  "TRON",  "VIEW",  "VOICE", "WAIT",   "WINDOW",
 };
 
-TEST(StatementsDevices, Forms) { check_rows(FORMS); }
+TEST(StatementsDevices, Forms) {
+  check_rows(FORMS);
+}
 
-TEST(StatementsDevices, Faults) { check_rows(FAULTS); }
+TEST(StatementsDevices, Faults) {
+  check_rows(FAULTS);
+}
 
 TEST(StatementsDevices, IgnoredStatements) {
   for (const std::string word : IGNORED) {

@@ -65,10 +65,10 @@ constexpr TCompileRow CIRCLE[] = {
      PLAIN(1, 2) SEP INT(3) SEP OMIT SEP OMIT SEP OMIT SEP INT(2) SEP "StrokeEllipse 4"},
     {"CIRCLE(1,2),3,4,,,,F",
      PLAIN(1, 2) SEP INT(3) SEP INT(4) SEP OMIT SEP OMIT SEP OMIT SEP "FillEllipse 4"},
-    {"CIRCLE(1,2),3,4,1,2,,F,5", PLAIN(1, 2) SEP INT(3) SEP INT(4) SEP INT(1) SEP INT(2) SEP OMIT
-                                     SEP INT(5) SEP "FillArc 5"},
-    {"CIRCLE(1,2),3,4,,,,,5", PLAIN(1, 2) SEP INT(3) SEP INT(4) SEP OMIT SEP OMIT SEP OMIT SEP
-                                  INT(5) SEP "StrokeEllipse 5"},
+    {"CIRCLE(1,2),3,4,1,2,,F,5",
+     PLAIN(1, 2) SEP INT(3) SEP INT(4) SEP INT(1) SEP INT(2) SEP OMIT SEP INT(5) SEP "FillArc 5"},
+    {"CIRCLE(1,2),3,4,,,,,5",
+     PLAIN(1, 2) SEP INT(3) SEP INT(4) SEP OMIT SEP OMIT SEP OMIT SEP INT(5) SEP "StrokeEllipse 5"},
     {"CIRCLE(1,2),3,", PLAIN(1, 2) SEP INT(3) SEP "StrokeEllipse 0"},
     {"CIRCLE(1,2),3,4,,", PLAIN(1, 2) SEP INT(3) SEP INT(4) SEP OMIT SEP "StrokeEllipse 2"},
     {"CIRCLE(1,2),,4", PLAIN(1, 2) SEP OMIT SEP INT(4) SEP "StrokeEllipse 1"},
@@ -84,8 +84,8 @@ constexpr TCompileRow CIRCLE[] = {
 
 constexpr TCompileRow GET_PUT[] = {
     {"GET@(1,2)-(3,4),A%", POINT(1, 2) SEP POINT(3, 4) SEP REF("A%") SEP "GetAt 0"},
-    {"GET(1,2)-STEP(3,4),A%(5)", POINT(1, 2) SEP POINT(3, 4) SEP INT(-1) SEP INT(5) SEP
-                                     "BPushVar var:A%" SEP "GetAt 1"},
+    {"GET(1,2)-STEP(3,4),A%(5)",
+     POINT(1, 2) SEP POINT(3, 4) SEP INT(-1) SEP INT(5) SEP "BPushVar var:A%" SEP "GetAt 1"},
     {"GET@ STEP(1,2)-(3,4),A%", POINT(1, 2) SEP POINT(3, 4) SEP REF("A%") SEP "GetAt 0"},
     {"GET @(1,2)-(3,4),A%", POINT(1, 2) SEP POINT(3, 4) SEP REF("A%") SEP "GetAt 0"},
     {"GET #1,2", ""},
@@ -100,8 +100,8 @@ constexpr TCompileRow GET_PUT[] = {
     {"PUT@(1,2),A%,,7", POINT(1, 2) SEP REF("A%") SEP INT(4) SEP INT(7) SEP "PutAtProc1 2"},
     {"PUT@(1,2),A%,", POINT(1, 2) SEP REF("A%") SEP "PutAtProc1 0"},
     {"PUT@(1,2),KANJI(65)", POINT(1, 2) SEP INT(65) SEP "PutAtProc2 0"},
-    {"PUT@(1,2),KANJI(&H3021),PSET,7,0", POINT(1, 2) SEP INT(12321) SEP INT(0) SEP INT(7) SEP INT(0)
-                                            SEP "PutAtProc2 3"},
+    {"PUT@(1,2),KANJI(&H3021),PSET,7,0",
+     POINT(1, 2) SEP INT(12321) SEP INT(0) SEP INT(7) SEP INT(0) SEP "PutAtProc2 3"},
     {"PUT@(1,2),KANJI(65),OR,,1",
      POINT(1, 2) SEP INT(65) SEP INT(2) SEP OMIT SEP INT(1) SEP "PutAtProc2 3"},
     {"PUT #1,2", ""},
@@ -153,15 +153,25 @@ constexpr TCompileRow OTHERS[] = {
     {"WIDTH ?", SYNTAX},
 };
 
-TEST(StatementsGraphics, Color) { check_rows(COLOR); }
+TEST(StatementsGraphics, Color) {
+  check_rows(COLOR);
+}
 
-TEST(StatementsGraphics, Line) { check_rows(LINE); }
+TEST(StatementsGraphics, Line) {
+  check_rows(LINE);
+}
 
-TEST(StatementsGraphics, Circle) { check_rows(CIRCLE); }
+TEST(StatementsGraphics, Circle) {
+  check_rows(CIRCLE);
+}
 
-TEST(StatementsGraphics, GetAndPut) { check_rows(GET_PUT); }
+TEST(StatementsGraphics, GetAndPut) {
+  check_rows(GET_PUT);
+}
 
-TEST(StatementsGraphics, RollAndWidth) { check_rows(OTHERS); }
+TEST(StatementsGraphics, RollAndWidth) {
+  check_rows(OTHERS);
+}
 
 }  // namespace
 }  // namespace zoka

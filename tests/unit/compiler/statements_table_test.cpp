@@ -1,4 +1,5 @@
-// Statements whose syntax is a list of elements: every form's code, and the key of every wrong form.
+// Statements whose syntax is a list of elements: every form's code, and the key of every wrong
+// form.
 #include <iterator>
 
 #include "compile_rows.h"
@@ -20,8 +21,7 @@ constexpr TCompileRow FORMS[] = {
     {"COLOR@(0,1)-(2,3),5", INT(0) SEP INT(1) SEP INT(2) SEP INT(3) SEP INT(5) SEP "ColorAt 1"},
     {"CONSOLE 0,25", INT(0) SEP INT(25) SEP "Console 2"},
     {"CONSOLE ,10", OMIT SEP INT(10) SEP "Console 2"},
-    {"CONSOLE 1,2,0,1,0",
-     INT(1) SEP INT(2) SEP INT(0) SEP INT(1) SEP INT(0) SEP "Console 5"},
+    {"CONSOLE 1,2,0,1,0", INT(1) SEP INT(2) SEP INT(0) SEP INT(1) SEP INT(0) SEP "Console 5"},
     {"FILES", "Files 0"},
     {"FILES 2", INT(2) SEP "Files 1"},
     {"LOCATE 1", INT(1) SEP "Locate 1"},
@@ -114,9 +114,13 @@ constexpr TCompileRow FAULTS[] = {
     {"SLEEP \"A\"", MISMATCH},
 };
 
-TEST(StatementsTable, Forms) { check_rows(FORMS); }
+TEST(StatementsTable, Forms) {
+  check_rows(FORMS);
+}
 
-TEST(StatementsTable, Faults) { check_rows(FAULTS); }
+TEST(StatementsTable, Faults) {
+  check_rows(FAULTS);
+}
 
 TEST(StatementsTable, CloseTakesFiveHundredPlaces) {
   std::string list = "CLOSE 1";
@@ -135,10 +139,10 @@ TEST(StatementsTable, ModeOfTheList) {
     const char* statement;
     int32_t mode;
   } ROWS[] = {
-      {"CONSOLE 0,25", 2},    {"CONSOLE 0,25,0,1", 2}, {"CONSOLE 0,25,0,1,0", 3},
-      {"CONSOLE ,,,,1", 2},   {"MOUSE 0", 3},          {"MOUSE=1", 3},
-      {"MOUSE(1) ON", 3},     {"A=MOUSE(0)", 3},       {"ON MOUSE(1) GOSUB 10", 3},
-      {"CALL MOUSE(A)", 2},   {"ON KEY GOSUB 10", 2},
+      {"CONSOLE 0,25", 2},  {"CONSOLE 0,25,0,1", 2}, {"CONSOLE 0,25,0,1,0", 3},
+      {"CONSOLE ,,,,1", 2}, {"MOUSE 0", 3},          {"MOUSE=1", 3},
+      {"MOUSE(1) ON", 3},   {"A=MOUSE(0)", 3},       {"ON MOUSE(1) GOSUB 10", 3},
+      {"CALL MOUSE(A)", 2}, {"ON KEY GOSUB 10", 2},
   };
   for (const auto& row : ROWS) {
     EXPECT_EQ(TCompilation(std::string("10 ") + row.statement).mode, row.mode) << row.statement;

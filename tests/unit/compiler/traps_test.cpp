@@ -4,8 +4,7 @@
 namespace zoka {
 namespace {
 
-#define OMIT8 \
-  OMIT SEP OMIT SEP OMIT SEP OMIT SEP OMIT SEP OMIT SEP OMIT SEP OMIT
+#define OMIT8 OMIT SEP OMIT SEP OMIT SEP OMIT SEP OMIT SEP OMIT SEP OMIT SEP OMIT
 #define STATE(event, state) INT(event) SEP INT(state) SEP "SetIrState"
 
 constexpr TCompileRow ON[] = {
@@ -65,18 +64,18 @@ constexpr TCompileRow SWITCHES[] = {
     {"KEY(N) STOP", LOAD("N!") SEP INT(64) SEP "BAddInt" SEP INT(1) SEP "SetIrState"},
     {"KEY(3) FOO", INT(3) SEP INT(64) SEP "BAddInt" SEP INT(0) SEP "SetIrState"},
     {"KEY(3) \"ON\"", INT(3) SEP INT(64) SEP "BAddInt" SEP INT(0) SEP "SetIrState"},
-    {"KEY ON", STATE(65, 2) SEP STATE(66, 2) SEP STATE(67, 2) SEP STATE(68, 2) SEP STATE(69, 2) SEP
-                   STATE(70, 2) SEP STATE(71, 2) SEP STATE(72, 2) SEP STATE(73, 2) SEP STATE(74, 2)},
-    {"KEY OFF:BEEP",
-     STATE(65, 0) SEP STATE(66, 0) SEP STATE(67, 0) SEP STATE(68, 0) SEP STATE(69, 0) SEP
-         STATE(70, 0) SEP STATE(71, 0) SEP STATE(72, 0) SEP STATE(73, 0) SEP STATE(74, 0) SEP
-             "Beep 0"},
+    {"KEY ON",
+     STATE(65, 2) SEP STATE(66, 2) SEP STATE(67, 2) SEP STATE(68, 2) SEP STATE(69, 2)
+         SEP STATE(70, 2) SEP STATE(71, 2) SEP STATE(72, 2) SEP STATE(73, 2) SEP STATE(74, 2)},
+    {"KEY OFF:BEEP", STATE(65, 0) SEP STATE(66, 0) SEP STATE(67, 0) SEP STATE(68, 0)
+                         SEP STATE(69, 0) SEP STATE(70, 0) SEP STATE(71, 0) SEP STATE(72, 0)
+                             SEP STATE(73, 0) SEP STATE(74, 0) SEP "Beep 0"},
     {"KEY 1,\"A\"", INT(1) SEP STR("A") SEP "Key"},
     {"MOUSE(1) ON", INT(1) SEP INT(2097152) SEP "BAddInt" SEP INT(2) SEP "SetIrState"},
     {"MOUSE(1) OFF:BEEP",
      INT(1) SEP INT(2097152) SEP "BAddInt" SEP INT(0) SEP "SetIrState" SEP "Beep 0"},
-    {"MOUSE STOP", STATE(2097153, 1) SEP STATE(2097154, 1) SEP STATE(2097155, 1) SEP
-                       STATE(2097156, 1) SEP STATE(2097157, 1)},
+    {"MOUSE STOP", STATE(2097153, 1) SEP STATE(2097154, 1) SEP STATE(2097155, 1)
+                       SEP STATE(2097156, 1) SEP STATE(2097157, 1)},
     {"HELP", SYNTAX},
     {"HELP FOO", SYNTAX},
     {"HELP \"ON\"", SYNTAX},
@@ -94,9 +93,13 @@ constexpr TCompileRow SWITCHES[] = {
     {"MOUSE \"ON\"", MISMATCH},
 };
 
-TEST(Traps, On) { check_rows(ON); }
+TEST(Traps, On) {
+  check_rows(ON);
+}
 
-TEST(Traps, Switches) { check_rows(SWITCHES); }
+TEST(Traps, Switches) {
+  check_rows(SWITCHES);
+}
 
 }  // namespace
 }  // namespace zoka
