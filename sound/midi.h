@@ -22,7 +22,7 @@
 namespace zoka {
 
 /// Channels of a MIDI connection.
-constexpr uint8_t MIDI_CHANNELS = 16;
+constexpr uint8_t MIDI_CHANNEL_COUNT = 16;
 
 /// Control changes of silence.
 constexpr uint8_t MIDI_ALL_SOUND_OFF = 0x78;
