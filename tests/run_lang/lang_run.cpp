@@ -106,9 +106,8 @@ class TLangRun {
   }
 
   std::vector<std::string> RunArguments() const {
-    const std::string text = mTest.Has(".args")
-                                 ? Sidecar(".args")
-                                 : std::string("run FILE --no-wait ") + COMMON_OPTIONS;
+    const std::string text =
+        mTest.Has(".args") ? Sidecar(".args") : std::string("run FILE --no-wait ") + COMMON_OPTIONS;
     std::vector<std::string> arguments = split_arguments(text, Program());
     const auto add = [&](const char* option, const std::string& value) {
       arguments.insert(arguments.end(), {option, value});

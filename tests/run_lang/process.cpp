@@ -99,9 +99,9 @@ TProcessResult run_process(const std::vector<std::string>& command,
                            const std::filesystem::path& scratch, unsigned seconds) {
   std::vector<std::string> arguments = command;
   std::vector<std::string> variables = make_environment(scratch);
-  const TChild child = {pointers_to(arguments),          pointers_to(variables),
-                        folder.string(),                 (scratch / "stdout").string(),
-                        (scratch / "stderr").string(),   seconds};
+  const TChild child = {
+      pointers_to(arguments),        pointers_to(variables),        folder.string(),
+      (scratch / "stdout").string(), (scratch / "stderr").string(), seconds};
   const pid_t process = fork();
   if (process < 0) {
     throw std::runtime_error("fork failed");

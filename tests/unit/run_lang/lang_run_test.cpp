@@ -66,8 +66,7 @@ TEST_F(TLangRunTest, RightExpectationsPass) {
 TEST_F(TLangRunTest, WrongOutputFails) {
   Add("test.bas", "echo one; echo two");
   Add("test.out", "one\nthree\n");
-  EXPECT_THAT(Run(),
-              ElementsAre("standard output: line 2\n  expected |three|\n  is       |two|"));
+  EXPECT_THAT(Run(), ElementsAre("standard output: line 2\n  expected |three|\n  is       |two|"));
 }
 
 TEST_F(TLangRunTest, MissingLineEndFails) {
@@ -112,8 +111,7 @@ TEST_F(TLangRunTest, SignalsCountAsShellsCountThem) {
 TEST_F(TLangRunTest, WrongCodeFailsAndTheProgramIsNotRun) {
   Add("test.bas", "exit 9");
   Add("test.code", "0 0x0000 -\n1 0x105D BExit\n");
-  EXPECT_THAT(Run(),
-              ElementsAre("code: line 2\n  expected |1 0x105D BExit|\n  is       (end)"));
+  EXPECT_THAT(Run(), ElementsAre("code: line 2\n  expected |1 0x105D BExit|\n  is       (end)"));
 }
 
 TEST_F(TLangRunTest, PicturesAreComparedByPixels) {

@@ -20,9 +20,9 @@ std::string file(const std::string& division, const std::string& tracks, char co
 }
 
 TEST(SmfListing, EveryKindOfEvent) {
-  const std::string events =
-      "\0\x90\x3C\x64"s + "\0\x81\x3C\x40"s + "\0\xA2\x3C\x01"s + "\0\xB3\x07\x7F"s +
-      "\0\xC4\x05"s + "\0\xD5\x06"s + "\0\xE6\x01\x40"s + "\0\xF0\x03\x7E\x09\xF7"s;
+  const std::string events = "\0\x90\x3C\x64"s + "\0\x81\x3C\x40"s + "\0\xA2\x3C\x01"s +
+                             "\0\xB3\x07\x7F"s + "\0\xC4\x05"s + "\0\xD5\x06"s + "\0\xE6\x01\x40"s +
+                             "\0\xF0\x03\x7E\x09\xF7"s;
   EXPECT_EQ(list_midi(file("\0\x60"s, track(events))),
             "0 0 on 60 100\n"
             "0 1 off 60 64\n"
