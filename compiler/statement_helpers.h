@@ -23,7 +23,7 @@ TToken GenPoint(const TToken& first);
 bool SkipStep(TToken* token);
 void AddAbbrevs(int32_t count);
 
-/// An argument specification from a short text: n a number, s a string, a any value, S the word
+/// The arguments a form takes, from a short text: n a number, s a string, a any value, S the word
 /// STEP, "(", ")" and "-" themselves; "?" behind an element makes it optional.
 static TArgSpec ArgSpec(std::string_view pattern);
 struct TDeal;
