@@ -1,0 +1,46 @@
+// The console tool `zoka`: from arguments to exit status.
+#include <signal.h>
+#include <unistd.h>
+
+#include "common/context.h"
+#include "console/commands.h"
+#include "console/console_host.h"
+
+namespace {
+
+int dispatch(const zoka::TOptions& options) {
+  using zoka::TCommand;
+  switch (options.command) {
+    case TCommand::Help:
+      return zoka::write_output(zoka::help_text(options.helpFor));
+    case TCommand::Version:
+      return zoka::write_output(std::string("zoka ") + zoka::APP_VERSION + "\n");
+    case TCommand::Run:
+      return zoka::run_command(options);
+    case TCommand::Check:
+      return zoka::check_command(options);
+    case TCommand::Code:
+      return zoka::code_command(options);
+    case TCommand::List:
+      return zoka::list_command(options);
+    case TCommand::Renumber:
+      return zoka::renumber_command(options);
+    case TCommand::Play:
+      return zoka::play_command(options);
+  }
+  return zoka::EXIT_USAGE;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  // A reader that goes away is noticed where the output is written.
+  ::signal(SIGPIPE, SIG_IGN);
+  zoka::TOptions options;
+  std::string error;
+  if (!zoka::parse_options(std::vector<std::string>(argv + 1, argv + argc), &options, &error)) {
+    zoka::write_all(STDERR_FILENO, error + "\n");
+    return zoka::EXIT_USAGE;
+  }
+  return dispatch(options);
+}

@@ -1,0 +1,115 @@
+// `zoka run`: one run after the other, from the list's first to the last that a program asks for.
+#include <unistd.h>
+
+#include <cstdlib>
+#include <memory>
+
+#include "console/commands.h"
+#include "console/engine.h"
+#include "console/stdin_keys.h"
+#include "console/watch.h"
+#include "run/key_feeder.h"
+
+namespace zoka {
+namespace {
+
+/// Everything of one `zoka run`, from set-up to exit status.
+class TRunCommand {
+ public:
+  explicit TRunCommand(const TOptions& options)
+      : mOptions(options),
+        mEngine(options, mHost),
+        mFeeder(*mEngine.Context().clock, mEngine.View()),
+        mWatch(options.timeoutSeconds, [this] { mEngine.View().ForceStop(); }, [] {}) {
+    mHost.SetOnFailure([this] { mEngine.View().ForceStop(); });
+  }
+
+  int Run() {
+    if (!mEngine.Load()) return EXIT_NO_LIST;
+    SetDrives();
+    if (!StartKeys()) return EXIT_USAGE;
+    if (mOptions.boot) mEngine.View().ShowBootStr();
+    int status = RunPrograms();
+    mStdinKeys.reset();
+    if (mWroteRun) mHost.WriteScreen(mEngine.View().Rsrc());
+    mHost.FlushOutput();
+    mEngine.View().QuitBasic();
+    return FinalStatus(status);
+  }
+
+ private:
+  void SetDrives() {
+    TRunView& view = mEngine.View();
+    if (mOptions.file == "-") {
+      char* folder = ::realpath(".", nullptr);
+      if (folder != nullptr) view.SetDriveFolder(0, folder);
+      std::free(folder);
+    }
+    for (const auto& [number, folder] : mOptions.drives) {
+      char* path = ::realpath(folder.c_str(), nullptr);
+      view.SetDriveFolder(number - 1, path != nullptr ? path : folder);
+      std::free(path);
+    }
+  }
+
+  bool StartKeys() {
+    std::deque<TFeedItem> items;
+    for (const std::string& text : mOptions.typed) {
+      std::string error;
+      if (!parse_key_text(text, &items, &error)) {
+        write_all(STDERR_FILENO, "zoka: --type: " + error +
+                                     ": accepted are \\r \\n \\\\ {{ and names in braces such as "
+                                     "{LEFT} {F1} {BREAK} {WAIT 100} {MOVE 10,20}\n");
+        return false;
+      }
+    }
+    mEngine.View().SetKeyFeeder(&mFeeder);
+    mFeeder.Add(std::move(items));
+    if (mOptions.typed.empty() && mOptions.file != "-" && !::isatty(STDIN_FILENO)) {
+      mStdinKeys = std::make_unique<TStdinKeys>(mFeeder);
+    } else {
+      mFeeder.Finish();
+    }
+    return true;
+  }
+
+  int RunPrograms() {
+    TMessage request("run");
+    add_run_start(mOptions.start, &request);
+    TRunOutcome outcome = mEngine.Document().RunBasic(request);
+    for (;;) {
+      if (outcome == TRunOutcome::CompileFailed) return EXIT_COMPILE_ERROR;
+      if (outcome == TRunOutcome::LoadFailed) return EXIT_NO_LIST;
+      if (outcome != TRunOutcome::Started) return EXIT_OK;
+      mWroteRun = true;
+      int32_t status = mEngine.View().WaitForEnd();
+      TMessage next;
+      if (mWatch.Status() != 0 || mHost.OutputFailed() || !mHost.TakeRequest(&next)) return status;
+      outcome = mEngine.Document().VMachineRunRqtd(next);
+    }
+  }
+
+  int FinalStatus(int status) {
+    if (mHost.ReaderGone()) return EXIT_PIPE;
+    if (mWatch.Status() != 0) return mWatch.Status();
+    if (mHost.OutputFailed()) return report_unwritten("standard output");
+    return status;
+  }
+
+  const TOptions& mOptions;
+  TConsoleHost mHost;
+  TConsoleEngine mEngine;
+  TKeyFeeder mFeeder;
+  TWatch mWatch;
+  std::unique_ptr<TStdinKeys> mStdinKeys;
+  bool mWroteRun = false;
+};
+
+}  // namespace
+
+int run_command(const TOptions& options) {
+  TRunCommand command(options);
+  return command.Run();
+}
+
+}  // namespace zoka

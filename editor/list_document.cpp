@@ -1,0 +1,191 @@
+// The document's logic: loading, saving, and the way into a run.
+#include "editor/list_document.h"
+
+#include <charconv>
+#include <utility>
+
+#include "app/settings/prefs.h"
+#include "common/file_path.h"
+#include "common/file_save.h"
+#include "common/text/utf8.h"
+
+namespace zoka {
+namespace {
+
+
+char ascii_upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+
+std::string upper_case(std::string_view text) {
+  std::string upper(text);
+  for (char& c : upper) c = ascii_upper(c);
+  return upper;
+}
+
+}  // namespace
+
+TSaveAnswer TDocumentHost::AskSave(const std::string&) { return TSaveAnswer::No; }
+void TDocumentHost::SetStatBarStr(const std::string&) {}
+void TDocumentHost::SetWinTitle() {}
+void TDocumentHost::AddHistory(const std::string&) {}
+void TDocumentHost::ShowRun() {}
+
+TDocumentState next_document_state(TDocumentState state, TDocumentEvent event) {
+  using S = TDocumentState;
+  using E = TDocumentEvent;
+  switch (event) {
+    case E::Run:
+      return S::Compiling;
+    case E::Load:
+      return S::Loading;
+    case E::Loaded:
+    case E::LoadFailed:
+      return state == S::Loading ? S::Idle : state;
+    case E::Compiled:
+      return state == S::Compiling ? S::Running : state;
+    case E::CompileFailed:
+      return state == S::Compiling ? S::Idle : state;
+    case E::Kill:
+      return state == S::Idle || state == S::Loading ? state : S::Ending;
+    case E::Ended:
+      return state == S::Running || state == S::Ending ? S::Idle : state;
+  }
+  return state;
+}
+
+void add_run_start(std::string_view text, TMessage* message) {
+  if (text.empty()) return;
+  if (text[0] >= '0' && text[0] <= '9') {
+    message->AddInt32("LineNum", clamped_int(text));
+  } else if (text[0] == '*') {
+    message->AddString("Label", upper_case(text.substr(1)));
+  } else {
+    message->AddString("Label", upper_case(text));
+  }
+}
+
+TListDocument::TListDocument(TEngineContext& context, TRunView& runView, TListText& text,
+                             TDocumentHost& host)
+    : mContext(context), mRunView(runView), mText(text), mHost(host) {}
+
+bool TListDocument::LoadText(const std::string& path, int32_t encoding, const char* status,
+                             std::string* text, int32_t* charset) {
+  mHost.SetStatBarStr(mContext.catalogue->GetString(status) + "…");
+  SetState(TDocumentEvent::Load);
+  mReport.clear();
+  TListLoader loader(mContext);
+  bool loaded = loader.Load(path, encoding, text, charset, &mReport);
+  SetState(loaded ? TDocumentEvent::Loaded : TDocumentEvent::LoadFailed);
+  mHost.SetStatBarStr(mReport);
+  return loaded;
+}
+
+bool TListDocument::OpenList(const std::string& path, int32_t encoding) {
+  std::string text;
+  if (!LoadText(path, encoding, "Opening", &text, &fCharset)) return false;
+  mText.Set(text);
+  fModified = false;
+  SetCurERef(path);
+  mRunView.SetDriveFolder(0, extract_file_folder_path_kernel(path));
+  return true;
+}
+
+bool TListDocument::OpenBytes(std::string bytes, int32_t encoding) {
+  TListLoader loader(mContext);
+  std::string text;
+  mReport.clear();
+  if (!loader.Convert(std::move(bytes), encoding, &text, &fCharset, &mReport)) return false;
+  mText.Set(text);
+  fModified = false;
+  return true;
+}
+
+bool TListDocument::AddList(const std::string& path, int32_t encoding) {
+  std::string text;
+  int32_t charset = 0;
+  if (!LoadText(path, encoding, "Inserting", &text, &charset)) return false;
+  mText.Insert(text);
+  // A list that must be given a name before it is saved stays one.
+  if (charset != 0) fCharset = charset;
+  fModified = true;
+  return true;
+}
+
+bool TListDocument::MergeList(const std::string& path, int32_t encoding) {
+  std::string text;
+  int32_t charset = 0;
+  if (!LoadText(path, encoding, "Merging", &text, &charset)) return false;
+  mText.Append(text);
+  if (charset != 0) fCharset = charset;
+  fModified = true;
+  return true;
+}
+
+bool TListDocument::SaveList(const std::string& path, bool isAuto) {
+  if (!save_file_atomically(path, mText.Get())) return false;
+  if (isAuto) return true;
+  fModified = false;
+  fCharset = 0;
+  return true;
+}
+
+void TListDocument::SetCurERef(const std::string& path) {
+  fIsAutoBackup = false;
+  fCurERef = path;
+  if (!path.empty()) mHost.AddHistory(path);
+  mHost.SetWinTitle();
+}
+
+std::string TListDocument::CurERefName() const {
+  if (fIsAutoBackup) return mContext.catalogue->GetString("(Auto Backuped List)");
+  if (fCurERef.empty()) return mContext.catalogue->GetString("(New List)");
+  return extract_file_name(fCurERef);
+}
+
+bool TListDocument::LoadRequested(TMessage* request) {
+  std::string fileName;
+  if (!request->FindString("FileName", &fileName)) return true;
+  request->RemoveName("FileName");
+  bool merge = false;
+  request->FindBool("Merge", &merge);
+  int32_t encoding = mContext.prefs->DEnc.load();
+  if (merge) return MergeList(fileName, encoding);
+  if (fModified && mHost.AskSave(CurERefName()) != TSaveAnswer::No) return false;
+  return OpenList(fileName, encoding);
+}
+
+TRunOutcome TListDocument::RunBasic(TMessage request) {
+  mRunView.QuitBasic();
+  mRunView.ClearBasic();
+  mContext.privacy.killed.store(false);
+  if (!LoadRequested(&request)) return TRunOutcome::LoadFailed;
+  mFormatted = CreateFmtSrc(mText.Get());
+  SetState(TDocumentEvent::Run);
+  mHost.SetStatBarStr(mContext.catalogue->GetString("Compiling") + "…");
+  TCompileResult result = mRunView.CompileBasic(mFormatted.Text().c_str());
+  mHost.SetStatBarStr("");
+  if (result != TCompileResult::Runnable) {
+    SetState(TDocumentEvent::CompileFailed);
+    if (result == TCompileResult::Empty) return TRunOutcome::NothingToRun;
+    return result == TCompileResult::Failed ? TRunOutcome::CompileFailed : TRunOutcome::Cancelled;
+  }
+  SetState(TDocumentEvent::Compiled);
+  bool notFore = false;
+  request.FindBool("NotFore", &notFore);
+  if (!notFore) mHost.ShowRun();
+  mRunView.ReadyBasic();
+  mRunView.RunBasic(request);
+  return TRunOutcome::Started;
+}
+
+TRunOutcome TListDocument::VMachineRunRqtd(const TMessage& request) {
+  SetState(TDocumentEvent::Ended);
+  return RunBasic(request);
+}
+
+void TListDocument::Kill() {
+  SetState(TDocumentEvent::Kill);
+  mRunView.KillBasic();
+  SetState(TDocumentEvent::Ended);
+}
+
+}  // namespace zoka

@@ -1,0 +1,133 @@
+// TListDocument: the one program list, without a window: its file, its charset, whether it is
+// modified, and the way from its text into a run. A front end lends it a text and answers its
+// questions; what happens next is a pure function of its state.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "common/context.h"
+#include "common/handler.h"
+#include "common/message.h"
+#include "editor/encoding.h"
+#include "editor/format_source.h"
+#include "run/run_view.h"
+
+namespace zoka {
+
+/// The text of the list; offsets are bytes. The window's editor or a plain string.
+class TListText {
+ public:
+  virtual ~TListText() = default;
+  virtual std::string Get() const = 0;
+  /// Replaces all of it; nothing to undo remains.
+  virtual void Set(const std::string& text) = 0;
+  /// Inserts at the selection.
+  virtual void Insert(const std::string& text) = 0;
+  /// Inserts at the end.
+  virtual void Append(const std::string& text) = 0;
+};
+
+/// A text that nobody edits.
+class TStringText final : public TListText {
+ public:
+  std::string Get() const override { return mText; }
+  void Set(const std::string& text) override { mText = text; }
+  void Insert(const std::string& text) override { mText = text + mText; }
+  void Append(const std::string& text) override { mText += text; }
+
+ private:
+  std::string mText;
+};
+
+/// Answers to the question whether to save first.
+enum class TSaveAnswer : uint8_t { Cancel, No, Yes };
+
+/// What the document asks and tells. The defaults answer No and show nothing.
+class TDocumentHost {
+ public:
+  virtual ~TDocumentHost() = default;
+  virtual TSaveAnswer AskSave(const std::string& fileName);
+  virtual void SetStatBarStr(const std::string& text);
+  virtual void SetWinTitle();
+  /// The file has become the current one: history.
+  virtual void AddHistory(const std::string& path);
+  /// The window of the run comes to the front.
+  virtual void ShowRun();
+};
+
+/// Stages of the way into a run.
+enum class TDocumentState : uint8_t { Idle, Loading, Compiling, Running, Ending };
+/// What may happen to it.
+enum class TDocumentEvent : uint8_t { Run, Load, Loaded, LoadFailed, Compiled, CompileFailed, Kill,
+                                      Ended };
+/// The state behind an event; an event that means nothing in a state leaves it.
+TDocumentState next_document_state(TDocumentState state, TDocumentEvent event);
+
+/// How RunBasic ended.
+enum class TRunOutcome : uint8_t { Started, NothingToRun, CompileFailed, LoadFailed, Cancelled };
+
+/// The document. All calls on one thread, the host's.
+class TListDocument {
+ public:
+  /// Nothing is owned; all outlives the document.
+  TListDocument(TEngineContext& context, TRunView& runView, TListText& text, TDocumentHost& host);
+
+  /// Replaces the text by a file's; on success it is the current file, and its folder is drive 1.
+  bool OpenList(const std::string& path, int32_t encoding);
+  /// Replaces the text by a list that has no file, such as standard input's.
+  bool OpenBytes(std::string bytes, int32_t encoding);
+  /// Inserts a file at the selection, or at the end.
+  bool AddList(const std::string& path, int32_t encoding);
+  bool MergeList(const std::string& path, int32_t encoding);
+  /// Writes the text; an auto-save changes nothing of the document's state.
+  bool SaveList(const std::string& path, bool isAuto);
+
+  /// The one way into a run: ends the old one, compiles, starts. `request` may hold "LineNum" or
+  /// "Label", and "FileName" with "Merge" when a program has asked for another list.
+  TRunOutcome RunBasic(TMessage request);
+  /// The request of a program that has ended (RUN, CHAIN).
+  TRunOutcome VMachineRunRqtd(const TMessage& request);
+  /// The Kill command.
+  void Kill();
+
+  /// The name to show: the file's, or one for a list without a file.
+  std::string CurERefName() const;
+  const std::string& CurPath() const { return fCurERef; }
+  void SetCurERef(const std::string& path);
+  int32_t Charset() const { return fCharset; }
+  bool IsModified() const { return fModified; }
+  void SetModified(bool modified) { fModified = modified; }
+  bool IsAutoBackup() const { return fIsAutoBackup; }
+  TDocumentState State() const { return mState; }
+  /// The compiled text of the last run and its map to the editor's.
+  const TFmtSrc& FormattedSource() const { return mFormatted; }
+  /// The report of the last load (replaced characters), empty if there is none.
+  const std::string& LoadReport() const { return mReport; }
+
+ private:
+  bool LoadText(const std::string& path, int32_t encoding, const char* status, std::string* text,
+                int32_t* charset);
+  bool LoadRequested(TMessage* request);
+  void SetState(TDocumentEvent event) { mState = next_document_state(mState, event); }
+
+  TEngineContext& mContext;
+  TRunView& mRunView;
+  TListText& mText;
+  TDocumentHost& mHost;
+  bool fIsAutoBackup = false;
+  int32_t fCharset = 0;
+  std::string fCurERef;
+  bool fModified = false;
+  TFmtSrc mFormatted;
+  std::string mReport;
+  TDocumentState mState = TDocumentState::Idle;
+};
+
+/// The start of a run as the user writes it: a line number if it begins with a digit, a label in
+/// upper case if it begins with "*", and any other text whole, in upper case, as a label.
+void add_run_start(std::string_view text, TMessage* message);
+
+}  // namespace zoka

@@ -1,0 +1,79 @@
+// TKeyFeeder: types keys into a run from a script (--type), a pipe or a terminal's reader instead of
+// a person. It hands over in order, as soon as the key buffer has room, and counts waits from the
+// moment they are reached.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <string_view>
+
+#include "common/clock.h"
+#include "common/mutex.h"
+#include "common/types.h"
+
+namespace zoka {
+
+class TRunView;
+
+/// One thing that is typed or done.
+struct TFeedItem {
+  enum class TKind : uint8_t { Key, FunctionKey, Break, Wait, Move, LeftDown, LeftUp, RightDown,
+                               RightUp };
+  TKind kind = TKind::Key;
+  std::string bytes;    // Key: as the platform codes them
+  int32_t number = 0;   // FunctionKey: 1 to 12
+  bigtime_t delay = 0;  // Wait: microseconds
+  TPoint point;         // mouse: device pixels
+};
+
+/// Parses the text of --type: `\r`, `\n` and `\\`, `{NAME}`, `{WAIT n}`, `{MOVE x,y}` and the like.
+/// Returns false, with what is wrong in `*error`, for an unknown name or a bad number.
+bool parse_key_text(std::string_view text, std::deque<TFeedItem>* items, std::string* error);
+
+/// The feeder of one run view. Add may be called from any thread.
+class TKeyFeeder {
+ public:
+  TKeyFeeder(TClock& clock, TRunView& view);
+  ~TKeyFeeder();
+
+  void Add(std::deque<TFeedItem> items);
+  /// Nothing will be added any more: a program that then waits for a key without limit is stopped
+  /// as by the break key.
+  void Finish();
+
+  /// A run begins; hands over what there is room for.
+  void Begin();
+  /// The run has ended; nothing is handed over until the next one begins.
+  void End();
+  /// There is room in the key buffer.
+  void HasRoom();
+  /// The program looks whether there is a key. Keys of a pipe take no simulated time, so it stands
+  /// still until they are there.
+  void Look();
+  /// The machine is about to wait for a key, until `deadline`.
+  void WaitBegins(bigtime_t deadline);
+
+ private:
+  void Pump();
+  bool TakeNext(TFeedItem* item);
+  void Do(const TFeedItem& item);
+  void StartWait(bigtime_t delay);
+  void StopProgram();
+  bool IsDry();
+
+  TClock& mClock;
+  TRunView& mView;
+  TWake mAdded;
+  TMutex mMutex{TLockRank::Variables};
+  std::deque<TFeedItem> mItems;  // under mMutex, like the rest
+  bool mFinished = false;
+  bool mActive = false;
+  bool mStarving = false;  // the program waits for a key without limit
+  bool mPumping = false;
+  bool mAgain = false;
+  bool mWaitOver = false;
+  TTimerId mTimer = 0;
+};
+
+}  // namespace zoka

@@ -1,0 +1,149 @@
+// TRunView: the meeting place of a run, without a toolkit. It owns the compiled program, the
+// simulated screen and the player for the life of the window, makes a compiler for each compilation
+// and a machine for each run, and turns keys, mouse and time into key presses and events. A front
+// end feeds it and shows what it says through TRunHost.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "common/context.h"
+#include "common/handler.h"
+#include "common/thread.h"
+#include "compiler/compiler.h"
+#include "core/mid_code.h"
+#include "run/run_host.h"
+#include "run/screen/basic_rsrc.h"
+#include "run/screen/screen_owner.h"
+#include "sound/midi.h"
+#include "sound/mml_player.h"
+#include "vm/machine_host.h"
+#include "vm/vmachine.h"
+
+namespace zoka {
+
+class TKeyFeeder;
+class TLiveInputs;
+
+/// Threads: run control, keys and mouse are for the host's thread (one at a time); the overrides of
+/// TScreenOwner and TMachineHost are called by the machine. The view waits for the machine only in
+/// QuitBasic, and holds no lock there.
+class TRunView final : public TScreenOwner, public TMachineHost {
+ public:
+  /// Nothing is owned; `host` and the context outlive the view.
+  TRunView(TEngineContext& context, TRunHost& host);
+  ~TRunView() override;
+  TRunView(const TRunView&) = delete;
+  TRunView& operator=(const TRunView&) = delete;
+
+  // --- Run control.
+  /// Compiles on a thread of its own (the compiler recurses deeply) and waits for it.
+  TCompileResult CompileBasic(const char* text);
+  /// Ends a compilation under way; its result is then Cancelled. Any thread.
+  void CancelCompile() { mCancelCompile.store(true); }
+  /// The fault of the last failed compilation.
+  const TException& CompileFault() const { return mCompileFault; }
+  /// Makes the machine of the next run. Its requests (RUN, CHAIN) go to the host with RunEnded.
+  bool ReadyBasic();
+  /// Starts it: int32 "LineNum" or string "Label" of `start` says where.
+  bool RunBasic(const TMessage& start);
+  /// Stops and deletes the machine: `which`, or whichever there is if null. Waits for its thread.
+  bool QuitBasic(TVMachine* which = nullptr);
+  /// The Kill command.
+  bool KillBasic();
+  /// Empties the compiled program.
+  bool ClearBasic();
+  /// Waits for the end of the machine's thread, which stays until the next run, and returns the
+  /// run's status; for hosts that do nothing meanwhile.
+  int32_t WaitForEnd();
+  /// Asks the machine to end at once, as by force; does not wait. Any thread.
+  void ForceStop();
+
+  TVMachine* VMachine() { return mMachine.get(); }
+  TMidCode* MidCode() { return &mMidCode; }
+  TBasicRsrc& Rsrc() { return mRsrc; }
+  TMmlPlayer& Player() { return mPlayer; }
+  TMidiLocalProducer& Producer() { return mProducer; }
+  int32_t CompatiMode() const { return mCompatiMode; }
+  int64_t RunNumber() const { return mRunNumber; }
+
+  // --- The screen.
+  /// Prints the start-up text of the simulated machine.
+  void ShowBootStr();
+  /// The window's title for the present mode.
+  std::string WinTitle() const;
+
+  // --- Keys and mouse.
+  /// Keys that are typed by a script or a pipe rather than a person; null for none. Set between
+  /// runs; not owned.
+  void SetKeyFeeder(TKeyFeeder* feeder);
+  /// A key press: its bytes as the host's platform codes them, and for byte 0x10 the key code (F1 is
+  /// 2).
+  void KeyDown(std::string_view bytes, int32_t key = 0);
+  /// Command plus a key: C is the break key, others are typed plain.
+  void CtrlKeyDown(char byte);
+  /// `buttons`: those that changed; the point in device pixels.
+  static constexpr uint32_t LEFT_BUTTON = 1;
+  static constexpr uint32_t RIGHT_BUTTON = 2;
+  void MouseDown(TPoint point, uint32_t buttons);
+  void MouseUp(TPoint point, uint32_t buttons);
+  void MouseMoved(TPoint point);
+  /// Switches the speed control of a running program on or off as the preference says.
+  void SetUseSpeedControl();
+
+  // --- Drives.
+  /// Sets the folder of drive `index` (0 to 13); empty ejects it.
+  void SetDriveFolder(int32_t index, const std::string& path);
+  std::string DriveFolder(int32_t index) const;
+
+  // --- TScreenOwner
+  void UpdateScreenRqtd() override;
+  int32_t SetOnTimeDl(const char* hhmmss) override;
+  void SetFDDAccessLamp(int32_t driveIdx, int32_t change) override;
+  void TranscriptRow(const std::string& row) override;
+  void KeyWaitBegins(bigtime_t deadline) override;
+  void KeyBufHasRoom() override;
+
+  // --- TMachineHost
+  void SendRunRequest(const TMessage& message) override;
+  void FlushOutput() override;
+  void MachineEnded(int32_t exitStatus) override;
+
+ private:
+  class TCompileThread;
+  class TPlayTarget;
+
+  std::shared_ptr<TInterruptPort> Port() const;
+  void SetPort(std::shared_ptr<TInterruptPort> port);
+  void RaiseInterrupt(uint32_t mask);
+  void ClearTimeDlRunner();
+  void PreventInputBlock();
+  void SetWinTitle();
+
+  TEngineContext& mContext;
+  TRunHost& mHost;
+  TBasicRsrc mRsrc;
+  TMidCode mMidCode;
+  TMidiLocalProducer mProducer;
+  TMmlPlayer mPlayer;
+  std::unique_ptr<TLiveInputs> mInputs;
+  std::unique_ptr<TVMachine> mMachine;
+  std::unique_ptr<TPlayTarget> mPlayTarget;
+  mutable TMutex mPortLock{TLockRank::Leaf};
+  std::shared_ptr<TInterruptPort> mPort;  // the machine's, for events; under mPortLock
+  TKeyFeeder* mKeyFeeder = nullptr;
+  std::atomic<bool> mCancelCompile{false};
+  TException mCompileFault;
+  int32_t mCompatiMode = 2;
+  std::atomic<TTimerId> mOnTimeTimer{0};
+  int64_t mRunNumber = 0;
+
+  mutable TMutex mRequestLock{TLockRank::Leaf};
+  bool mHasRequest = false;  // under mRequestLock
+  TMessage mRequest;         // under mRequestLock
+};
+
+}  // namespace zoka
