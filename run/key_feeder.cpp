@@ -121,7 +121,7 @@ bool parse_key_text(std::string_view text, std::deque<TFeedItem>* items, std::st
       }
     } else {
       std::string_view rest = text.substr(pos);
-      size_t bytes = char_size(rest);
+      size_t bytes = char_length(rest);
       bool isNewLine = rest[0] == '\n' || rest[0] == '\r';
       item.bytes = isNewLine ? std::string("\x0A") : std::string(rest.substr(0, bytes));
       pos += bytes;
