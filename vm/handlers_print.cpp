@@ -1,0 +1,107 @@
+// PRINT, WRITE, PRINT USING, their file forms, and the functions about columns.
+#include <algorithm>
+
+#include "vm/file_access.h"
+#include "vm/handlers.h"
+#include "vm/print_text.h"
+#include "vm/vmachine.h"
+
+namespace zoka {
+namespace {
+
+int32_t cursor_column(const TVMachine& m) {
+  // The cursor may stand above the screen after a long scroll.
+  int32_t cols = m.mRsrc->TxtCols();
+  int32_t column = m.mRsrc->CursorPos() % cols;
+  return column < 0 ? column + cols : column;
+}
+
+/// Pops an item and makes its text.
+template <typename TFormat>
+std::string pop_item(TVMachine& m, TFormat format) {
+  TStackData item = m.Pop();
+  std::string text = format(item);
+  item.Release();
+  return text;
+}
+
+/// The common half of PRINT# and WRITE#: writes `text`, or a line end, to the file whose number is
+/// on the stack.
+void write_to_file(TVMachine& m, std::string_view text) {
+  TZokaFile& file = open_file(m, m.PopInt());
+  if (!file.Write(text)) throw m.RuntimeException2("@Runtime_Err_Cannot_Open_File@");
+}
+
+constexpr std::string_view FILE_LINE_END = "\r\n";
+/// In a file a comma is one blank; there are no zones.
+constexpr int32_t FILE_PAD = 1;
+
+}  // namespace
+
+void ExeBasicPrint(TVMachine& m, const TVMCode* code) {
+  if (code->bval()) {
+    m.mRsrc->DoCRLF();
+    return;
+  }
+  int32_t pad = PRINT_ZONE_COLUMNS - cursor_column(m) % PRINT_ZONE_COLUMNS;
+  if (m.TopKind() == TStackKind::String) {
+    TText text = m.PopText();
+    m.mRsrc->Print(text.View());
+    return;
+  }
+  m.mRsrc->Print(pop_item(m, [pad](const TStackData& item) { return GetPrintStr(item, pad); }));
+}
+
+void ExeBasicWrite(TVMachine& m, const TVMCode* code) {
+  if (code->bval()) {
+    m.mRsrc->DoCRLF();
+  } else {
+    m.mRsrc->Print(pop_item(m, GetWriteStr));
+  }
+}
+
+void ExeBasicPrintSh(TVMachine& m, const TVMCode* code) {
+  if (code->bval()) return write_to_file(m, FILE_LINE_END);
+  write_to_file(
+      m, pop_item(m, [](const TStackData& item) { return GetPrintStr(item, FILE_PAD); }));
+}
+
+void ExeBasicWriteSh(TVMachine& m, const TVMCode* code) {
+  if (code->bval()) return write_to_file(m, FILE_LINE_END);
+  write_to_file(m, pop_item(m, GetWriteStr));
+}
+
+void ExeBasicPrintUsing(TVMachine& m, const TVMCode* code) {
+  bool lineEnd = m.PopBool();
+  std::vector<int32_t> values(static_cast<size_t>(std::max(code->lval(), 0)));
+  for (auto value = values.rbegin(); value != values.rend(); ++value) *value = m.PopInt();
+  TText format = m.PopText();
+  m.mRsrc->Print(fill_using_format(format.View(), values));
+  if (lineEnd) m.mRsrc->DoCRLF();
+  m.mRsrc->UpdateScreen();
+}
+
+void ExeBasicSpc(TVMachine& m, const TVMCode*) {
+  int32_t count = std::max(m.PopInt(), 0) % m.mRsrc->TxtCols();
+  m.PushString(std::string(static_cast<size_t>(count), ' '));
+}
+
+void ExeBasicTab(TVMachine& m, const TVMCode*) {
+  int32_t column = std::max(m.PopInt(), 0) % m.mRsrc->TxtCols();
+  int32_t count = std::max(column - cursor_column(m), 0);
+  m.PushString(std::string(static_cast<size_t>(count), ' '));
+}
+
+void ExeBasicPos(TVMachine& m, const TVMCode*) {
+  m.Drop();
+  m.PushInt(cursor_column(m));
+}
+
+void ExeBasicCsrlin(TVMachine& m, const TVMCode*) {
+  int32_t cols = m.mRsrc->TxtCols();
+  m.PushInt((m.mRsrc->CursorPos() - cursor_column(m)) / cols);
+}
+
+void ExeBasicStrDl(TVMachine& m, const TVMCode*) { m.PushString(str_dl_text(m.PopDouble())); }
+
+}  // namespace zoka
