@@ -7,7 +7,7 @@
 #include "app/settings/prefs.h"
 #include "common/file_path.h"
 #include "common/file_save.h"
-#include "common/text/utf8.h"
+#include "common/text/number.h"
 
 namespace zoka {
 namespace {
@@ -55,7 +55,7 @@ TDocumentState next_document_state(TDocumentState state, TDocumentEvent event) {
 void add_run_start(std::string_view text, TMessage* message) {
   if (text.empty()) return;
   if (text[0] >= '0' && text[0] <= '9') {
-    message->AddInt32("LineNum", clamped_int(text));
+    message->AddInt32("LineNum", parse_long(text));
   } else if (text[0] == '*') {
     message->AddString("Label", upper_case(text.substr(1)));
   } else {

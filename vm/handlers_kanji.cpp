@@ -1,0 +1,93 @@
+// Kanji functions, SEARCH, DATE$ and TIME$.
+#include "vm/handlers.h"
+#include "vm/kana_convert.h"
+#include "vm/vmachine.h"
+
+namespace zoka {
+namespace {
+
+/// Between two looks of a search that cannot end, microseconds.
+constexpr bigtime_t ENDLESS_SEARCH_GRID = 20'000;
+
+TException bad_argument(TVMachine& m) { return m.RuntimeException2("@Runtime_Err_Ill_Func_Call@"); }
+
+/// Pops a text, converts it, and pushes the result; none is an illegal function call.
+template <typename TConvert>
+void push_converted(TVMachine& m, TConvert convert) {
+  TText text = m.PopText();
+  std::optional<std::string> result = convert(text.View());
+  if (!result) throw bad_argument(m);
+  m.PushString(*result);
+}
+
+std::string two_digits(int value) {
+  std::string text = std::to_string(value % 100);
+  return text.size() < 2 ? "0" + text : text;
+}
+
+/// Pops an argument that may be left out.
+int32_t pop_optional(TVMachine& m, int32_t standard) {
+  if (m.TopKind() != TStackKind::Abbrev) return m.PopInt();
+  m.Drop();
+  return standard;
+}
+
+bool slot_equals(const TVarInfo& var, int64_t slot, int32_t wanted) {
+  switch (var.kind) {
+    case ttInt:
+      return var.ints[slot] == wanted;
+    case ttSng:
+      return var.floats[slot] == static_cast<float>(wanted);
+    case ttDbl:
+      return var.doubles[slot] == static_cast<double>(wanted);
+    default:
+      return false;
+  }
+}
+
+/// Slot of the first match minus 1, or -1. A step of 0 without a match never ends by itself.
+int32_t search(TVMachine& m, const TVarInfo& var, int32_t wanted, int32_t start, int32_t step) {
+  if (var.kind == ttStr) return -1;
+  for (int64_t slot = int64_t{start} + 1; slot >= 0 && slot < var.slotCount; slot += step) {
+    if (slot_equals(var, slot, wanted)) return static_cast<int32_t>(slot - 1);
+    if (step == 0 && m.WaitFor(ENDLESS_SEARCH_GRID)) return -1;
+  }
+  return -1;
+}
+
+}  // namespace
+
+void ExeBasicSearch(TVMachine& m, const TVMCode*) {
+  int32_t step = pop_optional(m, 1);
+  int32_t start = pop_optional(m, 0);
+  // Left out, the value reads as 0.
+  int32_t wanted = m.PopInt();
+  TVarInfo* var = m.PopVar();
+  m.DropForm();
+  if (var->dimCount != 1) throw bad_argument(m);
+  m.PushInt(search(m, *var, wanted, start, step));
+}
+
+void ExeBasicJisDl(TVMachine& m, const TVMCode*) { push_converted(m, jis_dl); }
+
+void ExeBasicKnjDl(TVMachine& m, const TVMCode*) { push_converted(m, knj_dl); }
+
+void ExeBasicAkcnvDl(TVMachine& m, const TVMCode*) {
+  TText text = m.PopText();
+  m.PushString(AkcnvDl(text.View()));
+}
+
+void ExeBasicKacnvDl(TVMachine& m, const TVMCode*) { push_converted(m, KacnvDl); }
+
+void ExeBasicDateDl(TVMachine& m, const TVMCode*) {
+  TLocalTime now = m.mInputs->LocalTime();
+  m.PushString(two_digits(now.year) + "/" + two_digits(now.month) + "/" + two_digits(now.day));
+}
+
+void ExeBasicTimeDl(TVMachine& m, const TVMCode*) {
+  TLocalTime now = m.mInputs->LocalTime();
+  m.PushString(two_digits(now.hour) + ":" + two_digits(now.minute) + ":" +
+               two_digits(now.second));
+}
+
+}  // namespace zoka

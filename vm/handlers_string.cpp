@@ -1,0 +1,255 @@
+// String functions: lengths, parts, searches, conversions between numbers and texts.
+#include <algorithm>
+#include <charconv>
+
+#include "common/text/number.h"
+#include "common/text/utf8.h"
+#include "vm/handlers.h"
+#include "vm/jis_position.h"
+#include "vm/vmachine.h"
+
+namespace zoka {
+namespace {
+
+constexpr int32_t MAX_POSITION = 255;
+constexpr int32_t MAX_BYTE = 255;
+constexpr int32_t FIRST_KANA_CODE = 0xA1;
+constexpr int32_t LAST_KANA_CODE = 0xDF;
+constexpr int32_t FIRST_BLANK_CODE = 0x7F;
+/// Range of HEX$ and OCT$.
+constexpr int32_t MIN_WORD = -32768;
+constexpr int32_t MAX_WORD = 65535;
+/// VAL looks at this much of a text.
+constexpr size_t MAX_VAL_BYTES = 500;
+
+TException bad_argument(TVMachine& m) { return m.RuntimeException2("@Runtime_Err_Ill_Func_Call@"); }
+
+void check_range(TVMachine& m, int32_t value, int32_t low, int32_t high) {
+  if (value < low || value > high) throw bad_argument(m);
+}
+
+TJisCount bytes_count(const TVMachine& m) { return {m.mRuntimeCompatiMode, 2}; }
+TJisCount characters_count(const TVMachine& m) { return {m.mRuntimeCompatiMode, 1}; }
+
+/// Pops n (or takes 255), m and the text of MID$ or KMID$, and pushes the part.
+void push_middle(TVMachine& m, bool hasLength, TJisCount count) {
+  int32_t length = hasLength ? m.PopInt() : MAX_POSITION;
+  int32_t start = m.PopInt();
+  TText text = m.PopText();
+  check_range(m, start, 1, MAX_POSITION);
+  check_range(m, length, 0, MAX_POSITION);
+  std::string_view view = text.View();
+  int64_t offset = JisPosToUtf8PosKernel(view, start - 1, count);
+  if (offset >= static_cast<int64_t>(view.size())) return m.PushString("");
+  int64_t bytes = JisLenToUtf8Len(view, start - 1, length, count);
+  m.PushString(view.substr(static_cast<size_t>(offset), static_cast<size_t>(bytes)));
+}
+
+/// Pops what INSTR or KINSTR is given, and pushes the position of what was found.
+void push_found(TVMachine& m, bool hasStart, TJisCount count) {
+  TText wanted = m.PopText();
+  TText text = m.PopText();
+  int32_t start = hasStart ? m.PopInt() : 1;
+  if (start < 1) throw bad_argument(m);
+  int64_t offset = JisPosToUtf8PosKernel(text.View(), start - 1, count);
+  if (offset > static_cast<int64_t>(text.Length())) return m.PushInt(0);
+  size_t found = text.View().find(wanted.View(), static_cast<size_t>(offset));
+  if (found == std::string_view::npos) return m.PushInt(0);
+  int64_t position = Utf8PosToJisPosKernel(text.View(), static_cast<int64_t>(found), count);
+  m.PushInt(static_cast<int32_t>(position + 1));
+}
+
+int32_t count_characters(std::string_view text, bool kanji) {
+  int32_t count = 0;
+  for (size_t pos = 0; pos < text.size(); pos += char_length(text.substr(pos))) {
+    if (is_kanji(text.substr(pos)) == kanji) ++count;
+  }
+  return count;
+}
+
+/// Value of a digit in a base up to 16, or -1.
+int32_t digit_value(char c, int32_t base) {
+  int32_t value = -1;
+  if (c >= '0' && c <= '9') value = c - '0';
+  if (c >= 'A' && c <= 'F') value = c - 'A' + 10;
+  if (c >= 'a' && c <= 'f') value = c - 'a' + 10;
+  return value < base ? value : -1;
+}
+
+/// The number behind "&" in VAL. It wraps in 32 bits, as the machine's integers do.
+int32_t parse_based(TVMachine& m, std::string_view text) {
+  int32_t base = 8;
+  if (!text.empty() && (text[0] == 'H' || text[0] == 'h')) base = 16;
+  if (base == 16 || (!text.empty() && (text[0] == 'O' || text[0] == 'o'))) text.remove_prefix(1);
+  uint32_t value = 0;
+  for (char c : text) {
+    int32_t digit = digit_value(c, base);
+    if (digit < 0 && base == 8 && (c == '8' || c == '9')) throw bad_argument(m);
+    if (digit < 0) break;
+    value = value * static_cast<uint32_t>(base) + static_cast<uint32_t>(digit);
+  }
+  return static_cast<int32_t>(value);
+}
+
+/// Pushes a number of HEX$ or OCT$ in that base, with capitals.
+void push_based(TVMachine& m, int base) {
+  int32_t value = m.PopInt();
+  check_range(m, value, MIN_WORD, MAX_WORD);
+  if (value < 0) value += 0x10000;
+  char digits[8];
+  char* end = std::to_chars(digits, digits + sizeof digits, value, base).ptr;
+  for (char* c = digits; c != end; ++c) {
+    if (*c >= 'a') *c = static_cast<char>(*c - 'a' + 'A');
+  }
+  m.PushString({digits, static_cast<size_t>(end - digits)});
+}
+
+}  // namespace
+
+void ExeBasicLen(TVMachine& m, const TVMCode*) {
+  TText text = m.PopText();
+  m.PushInt(static_cast<int32_t>(
+      Utf8PosToJisPosKernel(text.View(), text.Length(), bytes_count(m))));
+}
+
+void ExeBasicKlen(TVMachine& m, const TVMCode* code) {
+  int32_t mode = code->bval() ? m.PopInt() : 0;
+  TText text = m.PopText();
+  check_range(m, mode, 0, 5);
+  int32_t length = 0;
+  if (mode == 0) {
+    length = static_cast<int32_t>(
+        Utf8PosToJisPosKernel(text.View(), text.Length(), characters_count(m)));
+  } else if (mode <= 3) {
+    length = count_characters(text.View(), mode != 1);
+  }
+  m.PushInt(length);
+}
+
+void ExeBasicLeftDl(TVMachine& m, const TVMCode*) {
+  int32_t length = m.PopInt();
+  TText text = m.PopText();
+  check_range(m, length, 0, MAX_POSITION);
+  int64_t bytes = JisPosToUtf8PosKernel(text.View(), length, bytes_count(m));
+  if (bytes >= text.Length()) return m.PushText(std::move(text));
+  // The part is a leading one, so it shares the text's block.
+  TTextBlock* block = text.Detach();
+  m.PushText(TText(block, static_cast<uint32_t>(bytes)));
+}
+
+void ExeBasicRightDl(TVMachine& m, const TVMCode*) {
+  int32_t length = m.PopInt();
+  TText text = m.PopText();
+  check_range(m, length, 0, MAX_POSITION);
+  int64_t bytes = JisPosToUtf8PosR(text.View(), length, m.mRuntimeCompatiMode);
+  if (bytes >= text.Length()) return m.PushText(std::move(text));
+  m.PushString(text.View().substr(text.Length() - static_cast<size_t>(bytes)));
+}
+
+void ExeBasicMidDlFunc(TVMachine& m, const TVMCode* code) {
+  push_middle(m, code->bval(), bytes_count(m));
+}
+
+void ExeBasicKmidDl(TVMachine& m, const TVMCode* code) {
+  push_middle(m, code->bval(), characters_count(m));
+}
+
+void ExeBasicMidDlProc(TVMachine& m, const TVMCode* code) {
+  TText source = m.PopText();
+  int32_t length = code->bval() ? m.PopInt() : MAX_POSITION;
+  int32_t start = m.PopInt();
+  TVarInfo* var = m.PopVar();
+  int32_t slot = m.DimSuf(var);
+  check_range(m, start, 1, MAX_POSITION);
+  check_range(m, length, 0, MAX_POSITION);
+  if (var->kind != ttStr) throw m.RuntimeException2("@Runtime_Err_Type_Mismatch@");
+  TJisCount count = bytes_count(m);
+  std::string text(var->texts[slot].View());
+  int64_t taken = JisLenToUtf8Len(source.View(), 0, length, count);
+  int64_t replaced = std::max(taken, JisLenToUtf8Len(text, start - 1, length, count));
+  int64_t offset = JisPosToUtf8PosKernel(text, start - 1, count);
+  size_t at = std::min(static_cast<size_t>(offset), text.size());
+  text.replace(at, static_cast<size_t>(replaced),
+               source.View().substr(0, static_cast<size_t>(taken)));
+  TStackData value;
+  value.kind = TStackKind::String;
+  value.owned = true;
+  TText result{std::string_view(text)};
+  value.length = result.Length();
+  value.text = result.Detach();
+  m.StoreSlot(var, slot, value);
+}
+
+void ExeBasicInstr(TVMachine& m, const TVMCode* code) { push_found(m, code->bval(), bytes_count(m)); }
+
+void ExeBasicKinstr(TVMachine& m, const TVMCode* code) {
+  push_found(m, code->bval(), characters_count(m));
+}
+
+void ExeBasicKextDl(TVMachine& m, const TVMCode*) {
+  int32_t mode = m.PopInt();
+  TText text = m.PopText();
+  check_range(m, mode, 0, 1);
+  std::string kept;
+  std::string_view view = text.View();
+  for (size_t pos = 0; pos < view.size();) {
+    size_t length = char_length(view.substr(pos));
+    if (is_kanji(view.substr(pos)) == (mode == 1)) kept.append(view.substr(pos, length));
+    pos += length;
+  }
+  m.PushString(kept);
+}
+
+void ExeBasicAsc(TVMachine& m, const TVMCode*) {
+  TText text = m.PopText();
+  m.PushInt(text.Length() == 0 ? 0 : static_cast<unsigned char>(text.View()[0]));
+}
+
+void ExeBasicChrDl(TVMachine& m, const TVMCode*) {
+  int32_t code = m.PopInt();
+  check_range(m, code, 0, MAX_BYTE);
+  if (code < FIRST_BLANK_CODE) {
+    char c = static_cast<char>(code);
+    m.PushString({&c, 1});
+  } else if (code >= FIRST_KANA_CODE && code <= LAST_KANA_CODE) {
+    m.PushString(half_kana(code - FIRST_KANA_CODE));
+  } else {
+    m.PushString(" ");
+  }
+}
+
+void ExeBasicHexDl(TVMachine& m, const TVMCode*) { push_based(m, 16); }
+void ExeBasicOctDl(TVMachine& m, const TVMCode*) { push_based(m, 8); }
+
+void ExeBasicVal(TVMachine& m, const TVMCode*) {
+  TText text = m.PopText();
+  std::string_view view = trim(text.View()).substr(0, MAX_VAL_BYTES);
+  if (view.starts_with('&')) {
+    m.PushInt(parse_based(m, view.substr(1)));
+  } else {
+    m.PushDouble(parse_double(view));
+  }
+}
+
+void ExeBasicSpaceDl(TVMachine& m, const TVMCode*) {
+  int32_t count = m.PopInt();
+  check_range(m, count, 0, MAX_POSITION);
+  m.PushString(std::string(static_cast<size_t>(count), ' '));
+}
+
+void ExeBasicStringDl(TVMachine& m, const TVMCode*) {
+  char c = '\0';
+  if (m.TopKind() == TStackKind::String) {
+    TText text = m.PopText();
+    if (text.Length() > 0) c = text.View()[0];
+  } else {
+    int32_t code = m.PopInt();
+    check_range(m, code, 0, MAX_BYTE);
+    c = static_cast<char>(code);
+  }
+  // The count has 16 bits and is not tested; a negative one gives an empty text.
+  auto count = static_cast<int16_t>(m.PopInt());
+  m.PushString(std::string(static_cast<size_t>(std::max<int16_t>(count, 0)), c));
+}
+
+}  // namespace zoka
