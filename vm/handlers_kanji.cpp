@@ -21,7 +21,7 @@ void push_converted(TVMachine& m, TConvert convert) {
 }
 
 std::string two_digits(int value) {
-  std::string text = std::to_string(value % 100);
+  std::string text = std::to_string(value);
   return text.size() < 2 ? "0" + text : text;
 }
 
@@ -81,7 +81,9 @@ void ExeBasicKacnvDl(TVMachine& m, const TVMCode*) { push_converted(m, KacnvDl);
 
 void ExeBasicDateDl(TVMachine& m, const TVMCode*) {
   TLocalTime now = m.mInputs->LocalTime();
-  m.PushString(two_digits(now.year) + "/" + two_digits(now.month) + "/" + two_digits(now.day));
+  // Years since 1900, of which one century is dropped.
+  int year = now.year - 1900 > 99 ? now.year - 2000 : now.year - 1900;
+  m.PushString(two_digits(year) + "/" + two_digits(now.month) + "/" + two_digits(now.day));
 }
 
 void ExeBasicTimeDl(TVMachine& m, const TVMCode*) {

@@ -116,6 +116,8 @@ class TBasicRsrc {
   void SetCellAttr(int32_t cell, int8_t color);
 
   int32_t CursorPos() const { return cursorPos; }
+  /// Rows that ScrollTxt2 has moved since construction; those who hold cells count with it.
+  int64_t ScrolledRows() const { return scrolledRows; }
   bool CursorShown() const { return cursorShown; }
   int32_t TxtCols() const { return txtCols; }
   int32_t TxtRows() const { return txtRows; }
@@ -303,6 +305,7 @@ class TBasicRsrc {
   int8_t txtCols = 80;
   int8_t cellWidth = 8;
   int32_t cursorPos = 0;
+  int64_t scrolledRows = 0;
   int32_t defSeg = 0;
   float txtBaseline = 14;
   std::array<TRgb, GRPH_PAL_COLORS> grphPal;

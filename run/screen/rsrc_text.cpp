@@ -188,6 +188,7 @@ void TBasicRsrc::ScrollTxt2(int32_t rows) {
   const int32_t blankFrom = bottom - std::min(rows, height) * txtCols;
   std::fill(cells + blankFrom, cells + bottom, EMPTY_CELL);
   cursorPos -= rows * txtCols;
+  scrolledRows += rows;
   if (height > 0) MarkTxt(top, bottom - 1);
 }
 

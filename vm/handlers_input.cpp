@@ -1,0 +1,108 @@
+// INPUT, LINE INPUT, KINPUT, INKEY$, INPUT$ and their file forms.
+#include "vm/file_access.h"
+#include "vm/file_input.h"
+#include "vm/handlers.h"
+#include "vm/jis_position.h"
+#include "vm/kana_convert.h"
+#include "vm/line_editor.h"
+#include "vm/vmachine.h"
+
+namespace zoka {
+namespace {
+
+using TItems = std::list<std::string>;
+
+/// INPUT in its forms with a keyboard: asks again until the number of items is right.
+void input_items(TVMachine& m, int32_t count, TVMachine::TShelter saved, int32_t* timeout) {
+  for (;;) {
+    TItems items;
+    InputFromUser(m, &items, false, timeout);
+    if (m.IsTerminated() || (timeout != nullptr && *timeout < 0)) return;
+    if (static_cast<int32_t>(items.size()) == count) {
+      m.AssignInputDatas(items, &saved);
+      return;
+    }
+    m.mRsrc->Print("?Redo from start");
+    m.mRsrc->DoCRLF();
+    m.mRsrc->Print("? ");
+    m.mRsrc->UpdateScreen();
+  }
+}
+
+/// LINE INPUT in its forms with a keyboard.
+void input_line(TVMachine& m, TVMachine::TShelter saved, int32_t* timeout) {
+  TItems items;
+  InputFromUser(m, &items, true, timeout);
+  if (m.IsTerminated() || (timeout != nullptr && *timeout < 0)) return;
+  m.AssignInputDatas(items, &saved);
+}
+
+void input_from_file(TVMachine& m, int32_t count, bool asLine) {
+  TVMachine::TShelter saved = m.SheltVar(count);
+  TZokaFile& file = open_numbered_file(m, m.PopInt());
+  TItems items;
+  InputFromFile(file, count, &items, asLine);
+  if (static_cast<int32_t>(items.size()) < count) {
+    throw m.RuntimeException2("@Runtime_Err_Input_Past_End@");
+  }
+  m.AssignInputDatas(items, &saved);
+}
+
+}  // namespace
+
+void ExeBasicInput(TVMachine& m, const TVMCode* code) {
+  input_items(m, code->lval(), m.SheltVar(code->lval()), nullptr);
+}
+
+void ExeBasicInputWait(TVMachine& m, const TVMCode* code) {
+  TVMachine::TShelter saved = m.SheltVar(code->lval());
+  int32_t timeout = m.PopInt();
+  input_items(m, code->lval(), std::move(saved), &timeout);
+}
+
+void ExeBasicLineInput(TVMachine& m, const TVMCode* code) {
+  input_line(m, m.SheltVar(code->lval()), nullptr);
+}
+
+void ExeBasicLineInputWait(TVMachine& m, const TVMCode* code) {
+  TVMachine::TShelter saved = m.SheltVar(code->lval());
+  int32_t timeout = m.PopInt();
+  input_line(m, std::move(saved), &timeout);
+}
+
+void ExeBasicInputSh(TVMachine& m, const TVMCode* code) { input_from_file(m, code->lval(), false); }
+
+void ExeBasicLineInputSh(TVMachine& m, const TVMCode* code) {
+  input_from_file(m, code->lval(), true);
+}
+
+void ExeBasicKinput(TVMachine& m, const TVMCode* code) {
+  TVMachine::TShelter saved = m.SheltVar(code->lval());
+  // The field starts on an even column, where double-byte characters lie.
+  if (m.mRsrc->CursorPos() % 2 != 0) m.mRsrc->Print(" ");
+  if (m.mRuntimeCompatiMode == DISK_BASIC_MODE) m.mRsrc->Print("？　");
+  TItems items;
+  InputFromUser(m, &items, true, nullptr);
+  if (m.IsTerminated() || items.empty()) return;
+  items.front() = AkcnvDl(items.front());
+  m.AssignInputDatas(items, &saved);
+}
+
+void ExeBasicInkeyDl(TVMachine& m, const TVMCode*) {
+  m.PushString(m.mInputs->PopKeyWithTimeout(0, m));
+}
+
+void ExeBasicInputDl(TVMachine& m, const TVMCode* code) {
+  if (!code->bval()) {
+    m.PushString(InputDlFromUser(m, m.PopInt()));
+    return;
+  }
+  TZokaFile& file = open_numbered_file(m, m.PopInt());
+  std::string text;
+  if (!InputDlFromFile(file, m.PopInt(), m.mRuntimeCompatiMode, &text)) {
+    throw m.RuntimeException2("@Runtime_Err_Input_Past_End@");
+  }
+  m.PushString(text);
+}
+
+}  // namespace zoka
