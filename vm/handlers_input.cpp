@@ -13,7 +13,7 @@ namespace {
 using TItems = std::list<std::string>;
 
 /// INPUT in its forms with a keyboard: asks again until the number of items is right.
-void input_items(TVMachine& m, int32_t count, TVMachine::TShelter saved, int32_t* timeout) {
+void input_items(TVMachine& m, int32_t count, TShelter saved, int32_t* timeout) {
   for (;;) {
     TItems items;
     InputFromUser(m, &items, false, timeout);
@@ -30,7 +30,7 @@ void input_items(TVMachine& m, int32_t count, TVMachine::TShelter saved, int32_t
 }
 
 /// LINE INPUT in its forms with a keyboard.
-void input_line(TVMachine& m, TVMachine::TShelter saved, int32_t* timeout) {
+void input_line(TVMachine& m, TShelter saved, int32_t* timeout) {
   TItems items;
   InputFromUser(m, &items, true, timeout);
   if (m.IsTerminated() || (timeout != nullptr && *timeout < 0)) return;
@@ -38,7 +38,7 @@ void input_line(TVMachine& m, TVMachine::TShelter saved, int32_t* timeout) {
 }
 
 void input_from_file(TVMachine& m, int32_t count, bool asLine) {
-  TVMachine::TShelter saved = m.SheltVar(count);
+  TShelter saved = m.SheltVar(count);
   TZokaFile& file = open_numbered_file(m, m.PopInt());
   TItems items;
   InputFromFile(file, count, &items, asLine);
@@ -55,7 +55,7 @@ void ExeBasicInput(TVMachine& m, const TVMCode* code) {
 }
 
 void ExeBasicInputWait(TVMachine& m, const TVMCode* code) {
-  TVMachine::TShelter saved = m.SheltVar(code->lval());
+  TShelter saved = m.SheltVar(code->lval());
   int32_t timeout = m.PopInt();
   input_items(m, code->lval(), std::move(saved), &timeout);
 }
@@ -65,7 +65,7 @@ void ExeBasicLineInput(TVMachine& m, const TVMCode* code) {
 }
 
 void ExeBasicLineInputWait(TVMachine& m, const TVMCode* code) {
-  TVMachine::TShelter saved = m.SheltVar(code->lval());
+  TShelter saved = m.SheltVar(code->lval());
   int32_t timeout = m.PopInt();
   input_line(m, std::move(saved), &timeout);
 }
@@ -77,10 +77,10 @@ void ExeBasicLineInputSh(TVMachine& m, const TVMCode* code) {
 }
 
 void ExeBasicKinput(TVMachine& m, const TVMCode* code) {
-  TVMachine::TShelter saved = m.SheltVar(code->lval());
+  TShelter saved = m.SheltVar(code->lval());
   // The field starts on an even column, where double-byte characters lie.
   if (m.mRsrc->CursorPos() % 2 != 0) m.mRsrc->Print(" ");
-  if (m.mRuntimeCompatiMode == DISK_BASIC_MODE) m.mRsrc->Print("？　");
+  if (m.mRuntimeCompatiMode == COMPATI_MODE_DISK) m.mRsrc->Print("？　");
   TItems items;
   InputFromUser(m, &items, true, nullptr);
   if (m.IsTerminated() || items.empty()) return;
@@ -89,7 +89,7 @@ void ExeBasicKinput(TVMachine& m, const TVMCode* code) {
 }
 
 void ExeBasicInkeyDl(TVMachine& m, const TVMCode*) {
-  m.PushString(m.mInputs->PopKeyWithTimeout(0, m));
+  m.PushString(m.PopKeyWithTimeout(0));
 }
 
 void ExeBasicInputDl(TVMachine& m, const TVMCode* code) {

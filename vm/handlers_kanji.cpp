@@ -6,10 +6,7 @@
 namespace zoka {
 namespace {
 
-/// Between two looks of a search that cannot end, microseconds.
-constexpr bigtime_t ENDLESS_SEARCH_GRID = 20'000;
-
-TException bad_argument(TVMachine& m) { return m.RuntimeException2("@Runtime_Err_Ill_Func_Call@"); }
+TException bad_argument(TVMachine& m) { return m.RuntimeException2(ERR_ILL_FUNC_CALL); }
 
 /// Pops a text, converts it, and pushes the result; none is an illegal function call.
 template <typename TConvert>
@@ -50,7 +47,9 @@ int32_t search(TVMachine& m, const TVarInfo& var, int32_t wanted, int32_t start,
   if (var.kind == ttStr) return -1;
   for (int64_t slot = int64_t{start} + 1; slot >= 0 && slot < var.slotCount; slot += step) {
     if (slot_equals(var, slot, wanted)) return static_cast<int32_t>(slot - 1);
-    if (step == 0 && m.WaitFor(ENDLESS_SEARCH_GRID)) return -1;
+    if (step != 0) continue;
+    if (m.IsTerminated()) return -1;
+    m.Snooze(POLL_INTERVAL);
   }
   return -1;
 }
@@ -63,7 +62,9 @@ void ExeBasicSearch(TVMachine& m, const TVMCode*) {
   // Left out, the value reads as 0.
   int32_t wanted = m.PopInt();
   TVarInfo* var = m.PopVar();
-  m.DropForm();
+  // Subscripts mean nothing here, but the form is to be used up to its end mark.
+  while (m.PopInt() != -1) {
+  }
   if (var->dimCount != 1) throw bad_argument(m);
   m.PushInt(search(m, *var, wanted, start, step));
 }
@@ -80,14 +81,14 @@ void ExeBasicAkcnvDl(TVMachine& m, const TVMCode*) {
 void ExeBasicKacnvDl(TVMachine& m, const TVMCode*) { push_converted(m, KacnvDl); }
 
 void ExeBasicDateDl(TVMachine& m, const TVMCode*) {
-  TLocalTime now = m.mInputs->LocalTime();
+  TLocalTime now = m.LocalTime();
   // Years since 1900, of which one century is dropped.
   int year = now.year - 1900 > 99 ? now.year - 2000 : now.year - 1900;
   m.PushString(two_digits(year) + "/" + two_digits(now.month) + "/" + two_digits(now.day));
 }
 
 void ExeBasicTimeDl(TVMachine& m, const TVMCode*) {
-  TLocalTime now = m.mInputs->LocalTime();
+  TLocalTime now = m.LocalTime();
   m.PushString(two_digits(now.hour) + ":" + two_digits(now.minute) + ":" +
                two_digits(now.second));
 }

@@ -22,7 +22,7 @@ constexpr int32_t MAX_WORD = 65535;
 /// VAL looks at this much of a text.
 constexpr size_t MAX_VAL_BYTES = 500;
 
-TException bad_argument(TVMachine& m) { return m.RuntimeException2("@Runtime_Err_Ill_Func_Call@"); }
+TException bad_argument(TVMachine& m) { return m.RuntimeException2(ERR_ILL_FUNC_CALL); }
 
 void check_range(TVMachine& m, int32_t value, int32_t low, int32_t high) {
   if (value < low || value > high) throw bad_argument(m);
@@ -57,6 +57,14 @@ void push_found(TVMachine& m, bool hasStart, TJisCount count) {
   if (found == std::string_view::npos) return m.PushInt(0);
   int64_t position = Utf8PosToJisPosKernel(text.View(), static_cast<int64_t>(found), count);
   m.PushInt(static_cast<int32_t>(position + 1));
+}
+
+/// The text without white space at both ends.
+std::string_view trim(std::string_view text) {
+  constexpr std::string_view WHITE_SPACE = " \t\n\v\f\r";
+  size_t begin = text.find_first_not_of(WHITE_SPACE);
+  if (begin == text.npos) return {};
+  return text.substr(begin, text.find_last_not_of(WHITE_SPACE) - begin + 1);
 }
 
 int32_t count_characters(std::string_view text, bool kanji) {
@@ -162,7 +170,7 @@ void ExeBasicMidDlProc(TVMachine& m, const TVMCode* code) {
   int32_t slot = m.DimSuf(var);
   check_range(m, start, 1, MAX_POSITION);
   check_range(m, length, 0, MAX_POSITION);
-  if (var->kind != ttStr) throw m.RuntimeException2("@Runtime_Err_Type_Mismatch@");
+  if (var->kind != ttStr) throw m.RuntimeException2(ERR_TYPE_MISMATCH);
   TJisCount count = bytes_count(m);
   std::string text(var->texts[slot].View());
   int64_t taken = JisLenToUtf8Len(source.View(), 0, length, count);
@@ -171,13 +179,9 @@ void ExeBasicMidDlProc(TVMachine& m, const TVMCode* code) {
   size_t at = std::min(static_cast<size_t>(offset), text.size());
   text.replace(at, static_cast<size_t>(replaced),
                source.View().substr(0, static_cast<size_t>(taken)));
-  TStackData value;
-  value.kind = TStackKind::String;
-  value.owned = true;
   TText result{std::string_view(text)};
-  value.length = result.Length();
-  value.text = result.Detach();
-  m.StoreSlot(var, slot, value);
+  uint32_t bytes = result.Length();
+  m.StoreSlot(var, slot, TStackData::OfText(result.Detach(), bytes));
 }
 
 void ExeBasicInstr(TVMachine& m, const TVMCode* code) { push_found(m, code->bval(), bytes_count(m)); }

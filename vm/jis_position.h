@@ -9,9 +9,6 @@
 
 namespace zoka {
 
-/// The compatibility mode in which a transition counts.
-constexpr int32_t DISK_BASIC_MODE = 2;
-
 /// How a text is counted.
 struct TJisCount {
   int32_t mode;    // compatibility mode

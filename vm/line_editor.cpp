@@ -128,8 +128,8 @@ class TLineEditor {
 
 /// The next key; empty if the wait ran out or the machine is to stop.
 std::string next_key(TVMachine& m, int32_t* timeout) {
-  if (timeout == nullptr) return m.mInputs->PopKey(m);
-  std::string key = m.mInputs->PopKeyWithTimeout(*timeout * TENTH_OF_A_SECOND, m);
+  if (timeout == nullptr) return m.PopKey();
+  std::string key = m.PopKeyWithTimeout(*timeout * TENTH_OF_A_SECOND);
   if (key.empty()) *timeout = -1;
   return key;
 }
@@ -176,7 +176,7 @@ std::string InputDlFromUser(TVMachine& m, int32_t count) {
   rsrc.UpdateScreen();
   std::string text;
   for (int32_t counted = 0; counted < count && !m.IsTerminated();) {
-    std::string key = m.mInputs->PopKey(m);
+    std::string key = m.PopKey();
     if (key.empty()) break;
     counted += key.size() > 1 ? 2 : 1;
     text += key;
