@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "app/settings/exit_states.h"
+#include "app/settings/inter_app_prefs.h"
 #include "app/settings/prefs.h"
 #include "common/context.h"
 #include "console/console_host.h"
@@ -31,13 +32,13 @@ class TConsoleEngine {
   TStringText& Text() { return mText; }
 
  private:
-  class THost;
-
   const TOptions& mOptions;
   std::unique_ptr<TClock> mClock;
   TCatalogue mCatalogue;
+  TSettingsPlace mPlace;
   TPrefs mPrefs;
   TExitStates mExitStates;
+  TInterAppPrefs mInterAppPrefs;
   TEngineContext mContext;
   std::unique_ptr<TRunView> mView;
   TStringText mText;

@@ -8,13 +8,13 @@
 #include <string_view>
 #include <vector>
 
+#include "app/settings/prefs.h"
 #include "common/catalogue.h"
 
 namespace zoka {
 
 /// How a list is to be read, by the place of the item in the open panel's menu, whose second item
-/// is a separator. Any other value takes the text as it is.
-constexpr int32_t ENCODING_AUTO = 0;
+/// is a separator (ENCODING_AUTO is the first). Any other value takes the text as it is.
 constexpr int32_t ENCODING_UTF8 = 2;
 constexpr int32_t ENCODING_SJIS = 3;
 constexpr int32_t ENCODING_JIS = 4;

@@ -1,10 +1,10 @@
 // The document's logic: loading, saving, and the way into a run.
 #include "editor/list_document.h"
 
-#include <charconv>
 #include <utility>
 
 #include "app/settings/prefs.h"
+#include "app/settings/show_alert.h"
 #include "common/file_path.h"
 #include "common/file_save.h"
 #include "common/text/number.h"
@@ -12,6 +12,8 @@
 namespace zoka {
 namespace {
 
+/// Behind the name of something that is under way.
+constexpr const char FUC_ELLIPSES[] = "…";
 
 char ascii_upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
@@ -63,61 +65,79 @@ void add_run_start(std::string_view text, TMessage* message) {
   }
 }
 
-TListDocument::TListDocument(TEngineContext& context, TRunView& runView, TListText& text,
+TListDocument::TListDocument(TEngineContext& context, TRunView& runView, TEditText& text,
                              TDocumentHost& host)
     : mContext(context), mRunView(runView), mText(text), mHost(host) {}
 
+void TListDocument::ShowLoadFault(TListFault fault, const std::string& path) {
+  show_fault_alert(mContext, list_fault_text(fault, path, *mContext.catalogue), nullptr);
+}
+
+void TListDocument::NoteReport(const TListText& list) {
+  mReport = list_report(list, *mContext.catalogue);
+  std::string status;
+  for (const std::string& sentence : mReport) status += sentence;
+  mHost.SetStatBarStr(status);
+}
+
 bool TListDocument::LoadText(const std::string& path, int32_t encoding, const char* status,
-                             std::string* text, int32_t* charset) {
-  mHost.SetStatBarStr(mContext.catalogue->GetString(status) + "…");
+                             TListText* list) {
+  mHost.SetStatBarStr(mContext.catalogue->GetString(status) + FUC_ELLIPSES);
   SetState(TDocumentEvent::Load);
-  mReport.clear();
-  TListLoader loader(mContext);
-  bool loaded = loader.Load(path, encoding, text, charset, &mReport);
-  SetState(loaded ? TDocumentEvent::Loaded : TDocumentEvent::LoadFailed);
-  mHost.SetStatBarStr(mReport);
-  return loaded;
+  TListFault fault = CreateListCtt(path, encoding, mContext.prefs->Cv98.load(), list);
+  SetState(fault == TListFault::None ? TDocumentEvent::Loaded : TDocumentEvent::LoadFailed);
+  NoteReport(*list);
+  if (fault == TListFault::None) return true;
+  ShowLoadFault(fault, path);
+  return false;
 }
 
 bool TListDocument::OpenList(const std::string& path, int32_t encoding) {
-  std::string text;
-  if (!LoadText(path, encoding, "Opening", &text, &fCharset)) return false;
-  mText.Set(text);
+  TListText list;
+  if (!LoadText(path, encoding, "Opening", &list)) return false;
+  mText.Set(list.text);
+  fCharset = list.charset;
   fModified = false;
   SetCurERef(path);
   mRunView.SetDriveFolder(0, extract_file_folder_path_kernel(path));
   return true;
 }
 
-bool TListDocument::OpenBytes(std::string bytes, int32_t encoding) {
-  TListLoader loader(mContext);
-  std::string text;
-  mReport.clear();
-  if (!loader.Convert(std::move(bytes), encoding, &text, &fCharset, &mReport)) return false;
-  mText.Set(text);
+bool TListDocument::OpenBytes(std::string bytes, int32_t encoding, const std::string& name) {
+  TListText list;
+  TListFault fault =
+      list_from_bytes(std::move(bytes), encoding, mContext.prefs->Cv98.load(), &list);
+  if (fault != TListFault::None) {
+    ShowLoadFault(fault, name);
+    return false;
+  }
+  NoteReport(list);
+  mText.Set(list.text);
+  fCharset = list.charset;
   fModified = false;
   return true;
 }
 
 bool TListDocument::AddList(const std::string& path, int32_t encoding) {
-  std::string text;
-  int32_t charset = 0;
-  if (!LoadText(path, encoding, "Inserting", &text, &charset)) return false;
-  mText.Insert(text);
-  // A list that must be given a name before it is saved stays one.
-  if (charset != 0) fCharset = charset;
-  fModified = true;
+  TListText list;
+  if (!LoadText(path, encoding, "Inserting", &list)) return false;
+  mText.Insert(list.text);
+  KeepCharset(list.charset);
   return true;
 }
 
 bool TListDocument::MergeList(const std::string& path, int32_t encoding) {
-  std::string text;
-  int32_t charset = 0;
-  if (!LoadText(path, encoding, "Merging", &text, &charset)) return false;
-  mText.Append(text);
+  TListText list;
+  if (!LoadText(path, encoding, "Merging", &list)) return false;
+  mText.Append(list.text);
+  KeepCharset(list.charset);
+  return true;
+}
+
+void TListDocument::KeepCharset(int32_t charset) {
+  // A list that must be given a name before it is saved stays one.
   if (charset != 0) fCharset = charset;
   fModified = true;
-  return true;
 }
 
 bool TListDocument::SaveList(const std::string& path, bool isAuto) {
@@ -160,7 +180,7 @@ TRunOutcome TListDocument::RunBasic(TMessage request) {
   if (!LoadRequested(&request)) return TRunOutcome::LoadFailed;
   mFormatted = CreateFmtSrc(mText.Get());
   SetState(TDocumentEvent::Run);
-  mHost.SetStatBarStr(mContext.catalogue->GetString("Compiling") + "…");
+  mHost.SetStatBarStr(mContext.catalogue->GetString("Compiling") + FUC_ELLIPSES);
   TCompileResult result = mRunView.CompileBasic(mFormatted.Text().c_str());
   mHost.SetStatBarStr("");
   if (result != TCompileResult::Runnable) {

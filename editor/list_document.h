@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "common/context.h"
 #include "common/handler.h"
@@ -18,9 +19,9 @@
 namespace zoka {
 
 /// The text of the list; offsets are bytes. The window's editor or a plain string.
-class TListText {
+class TEditText {
  public:
-  virtual ~TListText() = default;
+  virtual ~TEditText() = default;
   virtual std::string Get() const = 0;
   /// Replaces all of it; nothing to undo remains.
   virtual void Set(const std::string& text) = 0;
@@ -31,7 +32,7 @@ class TListText {
 };
 
 /// A text that nobody edits.
-class TStringText final : public TListText {
+class TStringText final : public TEditText {
  public:
   std::string Get() const override { return mText; }
   void Set(const std::string& text) override { mText = text; }
@@ -73,12 +74,12 @@ enum class TRunOutcome : uint8_t { Started, NothingToRun, CompileFailed, LoadFai
 class TListDocument {
  public:
   /// Nothing is owned; all outlives the document.
-  TListDocument(TEngineContext& context, TRunView& runView, TListText& text, TDocumentHost& host);
+  TListDocument(TEngineContext& context, TRunView& runView, TEditText& text, TDocumentHost& host);
 
   /// Replaces the text by a file's; on success it is the current file, and its folder is drive 1.
   bool OpenList(const std::string& path, int32_t encoding);
-  /// Replaces the text by a list that has no file, such as standard input's.
-  bool OpenBytes(std::string bytes, int32_t encoding);
+  /// Replaces the text by a list that has no file, such as standard input's; `name` is for alerts.
+  bool OpenBytes(std::string bytes, int32_t encoding, const std::string& name);
   /// Inserts a file at the selection, or at the end.
   bool AddList(const std::string& path, int32_t encoding);
   bool MergeList(const std::string& path, int32_t encoding);
@@ -104,25 +105,27 @@ class TListDocument {
   TDocumentState State() const { return mState; }
   /// The compiled text of the last run and its map to the editor's.
   const TFmtSrc& FormattedSource() const { return mFormatted; }
-  /// The report of the last load (replaced characters), empty if there is none.
-  const std::string& LoadReport() const { return mReport; }
+  /// What was replaced by the last load, a sentence each.
+  const std::vector<std::string>& LoadReport() const { return mReport; }
 
  private:
-  bool LoadText(const std::string& path, int32_t encoding, const char* status, std::string* text,
-                int32_t* charset);
+  bool LoadText(const std::string& path, int32_t encoding, const char* status, TListText* list);
+  void ShowLoadFault(TListFault fault, const std::string& path);
+  void NoteReport(const TListText& list);
+  void KeepCharset(int32_t charset);
   bool LoadRequested(TMessage* request);
   void SetState(TDocumentEvent event) { mState = next_document_state(mState, event); }
 
   TEngineContext& mContext;
   TRunView& mRunView;
-  TListText& mText;
+  TEditText& mText;
   TDocumentHost& mHost;
   bool fIsAutoBackup = false;
   int32_t fCharset = 0;
   std::string fCurERef;
   bool fModified = false;
   TFmtSrc mFormatted;
-  std::string mReport;
+  std::vector<std::string> mReport;
   TDocumentState mState = TDocumentState::Idle;
 };
 
