@@ -14,16 +14,10 @@
 namespace zoka {
 
 class TVMCode;
+struct TGrphBlock;
 
 /// Most dimensions of an array. (Its tables have room for 127 sizes, of which one is the end mark.)
 constexpr int32_t MAX_DIMENSIONS = 126;
-
-/// A picture kept for GET@ and PUT@: palette indices, one byte a pixel, row by row.
-struct TPicture {
-  int32_t width = 0;
-  int32_t height = 0;
-  std::vector<uint8_t> pixels;
-};
 
 /// One variable. Slot 0 holds the plain value, the elements start at slot 1, so one name can be
 /// used both ways at once.
@@ -41,8 +35,8 @@ struct TVarInfo {
   int32_t strides[MAX_DIMENSIONS + 2] = {1};
   int32_t slotCount = 0;
   std::string name;
-  /// Pictures by element index (GET@, PUT@); 0 and 1 are one.
-  std::map<int32_t, std::shared_ptr<const TPicture>> bitmaps;
+  /// Pictures of GET@ and PUT@ by element index; 0 and 1 are one.
+  std::map<int32_t, std::shared_ptr<const TGrphBlock>> bitmaps;
   TTokenKind kind = ttVoid;
 
   /// Storage of slotCount slots by kind; null until Create. Zeroed memory that the host hands out
