@@ -101,7 +101,7 @@ TEST(VarInfo, TextsAreKeptAndFreed) {
 TEST(VarInfo, PicturesGo) {
   TVarInfo var;
   var.CreateDefaultNonArray(ttInt);
-  var.bitmaps[1] = std::make_shared<TPicture>();
+  var.bitmaps[1] = nullptr;
   ASSERT_TRUE(var.Create(true));
   EXPECT_TRUE(var.bitmaps.empty());
 }
