@@ -16,6 +16,7 @@
 #include "common/thread.h"
 #include "core/mid_code.h"
 #include "run/screen/basic_rsrc.h"
+#include "vm/compati_mode.h"
 #include "vm/interrupt_port.h"
 #include "vm/machine_host.h"
 #include "vm/mouse_state.h"
@@ -55,10 +56,6 @@ constexpr uint64_t LONG_RUN_JUMPS = 65536;
 
 /// Steps of waits that look at something again and again, in microseconds.
 constexpr bigtime_t POLL_INTERVAL = 20'000;
-
-/// The kanji compatibility modes.
-constexpr int32_t COMPATI_MODE_DISK = 2;
-constexpr int32_t COMPATI_MODE_DOS = 3;
 
 /// Message keys that more than one file raises.
 constexpr const char ERR_ILL_FUNC_CALL[] = "@Runtime_Err_Ill_Func_Call@";
