@@ -10,6 +10,7 @@ int check_command(const TOptions& options);
 int code_command(const TOptions& options);
 int list_command(const TOptions& options);
 int renumber_command(const TOptions& options);
+int play_command(const TOptions& options);
 
 /// Writes `text` to standard output; EXIT_OK, EXIT_PIPE if its reader is gone, or EXIT_OUTPUT after
 /// a line that says so.

@@ -12,6 +12,8 @@
 
 namespace zoka {
 
+class TBasicRsrc;
+
 /// Writes the transcript of one run after the other.
 class TConsoleHost final : public TRunHost, public TAlertHost {
  public:

@@ -9,6 +9,7 @@
 #include "console/stdin_keys.h"
 #include "console/watch.h"
 #include "run/key_feeder.h"
+#include "sound/play_outputs.h"
 
 namespace zoka {
 namespace {
@@ -20,6 +21,8 @@ class TRunCommand {
       : mOptions(options),
         mEngine(options, mHost),
         mFeeder(*mEngine.Context().clock, mEngine.View()),
+        mOutputs(*mEngine.Context().clock, mEngine.View().Producer(),
+                 TPlayOutputOptions{options.midi, options.wav, options.noWait}),
         mWatch(options.timeoutSeconds, [this] { mEngine.View().ForceStop(); }, [] {}) {
     mHost.SetOnFailure([this] { mEngine.View().ForceStop(); });
   }
@@ -33,6 +36,7 @@ class TRunCommand {
     mStdinKeys.reset();
     if (mWroteRun) mHost.WriteScreen(mEngine.View().Rsrc());
     mHost.FlushOutput();
+    FinishMusic();
     mEngine.View().QuitBasic();
     return FinalStatus(status);
   }
@@ -89,10 +93,17 @@ class TRunCommand {
     }
   }
 
+  /// Music of an ended program plays to its end, unless a signal or the time limit cuts it.
+  void FinishMusic() {
+    if (mWatch.Status() == 0 && !mHost.OutputFailed()) mEngine.View().DrainMusic();
+    for (const std::string& path : mOutputs.Finish()) mUnwritten = report_unwritten(path);
+  }
+
   int FinalStatus(int status) {
     if (mHost.ReaderGone()) return EXIT_PIPE;
     if (mWatch.Status() != 0) return mWatch.Status();
     if (mHost.OutputFailed()) return report_unwritten("standard output");
+    if (mUnwritten != EXIT_OK) return mUnwritten;
     return status;
   }
 
@@ -100,9 +111,11 @@ class TRunCommand {
   TConsoleHost mHost;
   TConsoleEngine mEngine;
   TKeyFeeder mFeeder;
+  TPlayOutputs mOutputs;
   TWatch mWatch;
   std::unique_ptr<TStdinKeys> mStdinKeys;
   bool mWroteRun = false;
+  int mUnwritten = EXIT_OK;
 };
 
 }  // namespace

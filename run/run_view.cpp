@@ -63,6 +63,26 @@ class TRunView::TCompileThread final : public TThread {
   const char* mText;
 };
 
+/// Waits for the music as an engine's thread does, on either kind of clock.
+class TRunView::TDrainThread final : public TThread, private TPlayEventTarget {
+ public:
+  explicit TDrainThread(TRunView& view)
+      : TThread("Drain", MACHINE_PRIORITY, *view.mContext.clock, TActorClass::Machine),
+        mView(view) {}
+
+ protected:
+  int32_t Execute() override {
+    mView.mPlayer.Drain(TPlayCaller{mWake, *this});
+    return 0;
+  }
+
+ private:
+  void HappenInterrupt(int32_t) override {}
+  bool IsTerminated() const override { return mView.mStopRequested.load(); }
+
+  TRunView& mView;
+};
+
 /// The machine as the player sees it: events, and whether the run is to end.
 class TRunView::TPlayTarget final : public TPlayEventTarget {
  public:
@@ -169,8 +189,15 @@ int32_t TRunView::WaitForEnd() {
   return status;
 }
 
+void TRunView::DrainMusic() {
+  TDrainThread thread(*this);
+  thread.Resume();
+  thread.Wait(nullptr);
+}
+
 void TRunView::ForceStop() {
   CancelCompile();
+  mStopRequested.store(true);
   if (auto port = Port()) port->Terminate();
 }
 
@@ -294,7 +321,7 @@ void TRunView::ClearTimeDlRunner() {
 }
 
 void TRunView::SetDriveFolder(int32_t index, const std::string& path) {
-  mRsrc.DriveFolders().SetFolder(index, path);
+  mRsrc.DrvFolderRefs().SetFolder(index, path);
   if (index >= LAMP_COUNT) return;
   std::string name =
       path.empty() ? mContext.catalogue->GetString("(Empty)") : extract_file_name(path);
@@ -302,7 +329,7 @@ void TRunView::SetDriveFolder(int32_t index, const std::string& path) {
 }
 
 std::string TRunView::DriveFolder(int32_t index) const {
-  return mRsrc.DriveFolders().Folder(index);
+  return mRsrc.DrvFolderRefs().Folder(index);
 }
 
 void TRunView::UpdateScreenRqtd() {

@@ -59,6 +59,8 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   /// Waits for the end of the machine's thread, which stays until the next run, and returns the
   /// run's status; for hosts that do nothing meanwhile.
   int32_t WaitForEnd();
+  /// Waits until the music of an ended program has sounded, or ForceStop is called.
+  void DrainMusic();
   /// Asks the machine to end at once, as by force; does not wait. Any thread.
   void ForceStop();
 
@@ -114,6 +116,7 @@ class TRunView final : public TScreenOwner, public TMachineHost {
 
  private:
   class TCompileThread;
+  class TDrainThread;
   class TPlayTarget;
 
   std::shared_ptr<TInterruptPort> Port() const;
@@ -136,6 +139,7 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   std::shared_ptr<TInterruptPort> mPort;  // the machine's, for events; under mPortLock
   TKeyFeeder* mKeyFeeder = nullptr;
   std::atomic<bool> mCancelCompile{false};
+  std::atomic<bool> mStopRequested{false};
   TException mCompileFault;
   int32_t mCompatiMode = 2;
   std::atomic<TTimerId> mOnTimeTimer{0};

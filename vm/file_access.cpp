@@ -8,7 +8,7 @@ namespace zoka {
 TZokaFile& open_file(TVMachine& m, int32_t number) {
   TZokaFile* file = m.mRsrc->Files().Find(number);
   if (file == nullptr) throw m.RuntimeException2("@Runtime_Err_File_Not_Open@");
-  m.mRsrc->SetFDDAccessLampByDriveIndex(file->DrvIdx());
+  m.mRsrc->SetFDDAccessLampByFileDesc(number);
   return *file;
 }
 

@@ -75,7 +75,7 @@ void add_start(TVMachine& m, TMessage* message) {
 std::string list_path(TVMachine& m, const TText& name, bool mustExist) {
   if (name.Length() == 0) throw m.RuntimeException2(ERR_FILE_NOT_FOUND);
   return with_line(
-      m, [&] { return m.mRsrc->DriveFolders().FullPathFName(name.View(), mustExist); });
+      m, [&] { return m.mRsrc->DrvFolderRefs().FullPathFName(name.View(), mustExist); });
 }
 
 }  // namespace
@@ -84,7 +84,7 @@ void ExeBasicOpen(TVMachine& m, const TVMCode* code) {
   int32_t number = m.PopInt();
   TText name = m.PopText();
   with_line(m, [&] {
-    m.mRsrc->Files().Open(m.mRsrc->DriveFolders(), name.View(), number, code->lval());
+    m.mRsrc->Files().Open(m.mRsrc->DrvFolderRefs(), name.View(), number, code->lval());
   });
   open_file(m, number);
 }
@@ -108,7 +108,7 @@ void ExeBasicFiles(TVMachine& m, const TVMCode* code) {
   if (drive < 1 || drive > DRIVE_COUNT) {
     throw m.RuntimeException2("@Runtime_Err_Bad_Drive_Number@");
   }
-  std::string folder = m.mRsrc->DriveFolders().Folder(drive - 1);
+  std::string folder = m.mRsrc->DrvFolderRefs().Folder(drive - 1);
   if (folder.empty()) throw m.RuntimeException2("@Runtime_Err_Disk_Offline@");
   m.mRsrc->SetFDDAccessLampByDriveIndex(drive - 1);
   for (const TFolderEntry& entry : list_folder(folder)) print_entry(m, entry);

@@ -233,6 +233,7 @@ class TBasicRsrc {
   TFileTable& Files() { return files; }
   /// The folders that stand for the drives. Any thread.
   TDriveFolders& DrvFolderRefs() { return drvFolderRefs; }
+  const TDriveFolders& DrvFolderRefs() const { return drvFolderRefs; }
 
   int8_t OptionBase() const { return optionBase; }
   void SetOptionBase(int8_t base) { optionBase = base; }
