@@ -49,6 +49,7 @@ struct TCompilation {
     TCompiler compiler(context, &code);
     result = compiler.Compile(text.c_str(), &mode);
     key = compiler.Fault().key;
+    line = compiler.Fault().lineText;
   }
 
   TCatalogue catalogue{TLanguage::Keys};
@@ -57,6 +58,7 @@ struct TCompilation {
   TMidCode code;
   TCompileResult result;
   std::string key;
+  std::string line;  // the fault's, as the list spells it
   int32_t mode = 0;
 };
 

@@ -137,8 +137,9 @@ TEST(Loops, StepTextIsShared) {
 }
 
 TEST(Loops, FaultNamesTheLastLine) {
-  EXPECT_EQ(TCompilation("10 NEXT").key, NO_FOR);
-  EXPECT_EQ(TCompilation("10 FOR I=1 TO 2\n20 BEEP").key, NO_NEXT);
+  EXPECT_EQ(TCompilation("10 NEXT").line, "10");
+  EXPECT_EQ(TCompilation("10 FOR I=1 TO 2\n20 BEEP\n").line, "20");
+  EXPECT_EQ(TCompilation("10 WHILE 1\n0020 BEEP").line, "0020");
 }
 
 }  // namespace
