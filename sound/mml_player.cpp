@@ -43,7 +43,6 @@ TMmlPlayer::TMmlPlayer(TClock& clock, const TSoundSettings& settings)
       mSettings(settings),
       saLastTime0(LONG_AGO),
       saLastTime1(LONG_AGO),
-      curTickTime(clock.system_time()),
       mResumeWake(clock) {
   for (auto& channel : mSounding) {
     for (auto& stamp : channel) stamp = NOT_SOUNDING;
@@ -88,7 +87,6 @@ int32_t TMmlPlayer::Execute() {
       SnoozeUntil(base + span);
       base += span;
       curTick += distance;
-      curTickTime = Clock().system_time();
     } else {
       Suspend();
       base = Clock().system_time();

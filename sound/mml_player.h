@@ -230,7 +230,6 @@ class TMmlPlayer final : public TThread {
   std::array<std::atomic<uint8_t>, MML_CHANNELS> program{};
   std::atomic<int32_t> timePerTick{0};
   std::atomic<int64_t> curTick{0};
-  std::atomic<bigtime_t> curTickTime{0};
   std::atomic<int32_t> irOptByte{0};
   std::atomic<int32_t> irOptCh{0};
 

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "sound/music_end.h"
+
 namespace zoka {
 
 namespace {
@@ -43,15 +45,8 @@ int32_t TPlayCommand::Execute() {
     mResult.fault->key = error.key;
   }
   mPlayer.Resume();
-  mPlayer.Drain(caller);
-  WaitForTail();
-  if (IsTerminated()) mPlayer.Clear();
+  wait_for_music(mPlayer, mOutputs.Tail(), caller);
   return 0;
-}
-
-void TPlayCommand::WaitForTail() {
-  const bigtime_t end = Clock().system_time() + mOutputs.Tail();
-  while (!IsTerminated() && Clock().system_time() < end) Clock().Wait(end, mWake);
 }
 
 }  // namespace zoka

@@ -43,7 +43,6 @@ class TPlayCommand final : private TThread, private TPlayEventTarget {
   int32_t Execute() override;
   void HappenInterrupt(int32_t) override {}
   bool IsTerminated() const override { return TThread::IsTerminated(); }
-  void WaitForTail();
 
   const std::vector<std::string> mMml;
   TMidiLocalProducer mProducer;

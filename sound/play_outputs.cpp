@@ -21,9 +21,10 @@ TPlayOutputs::TPlayOutputs(TClock& clock, TMidiLocalProducer& producer,
   if (mRecording) {
     mProducer.AddRecorder(&mRecorder);
   } else if (!options.noWait && !clock.IsSimulated()) {
-    mSynth = std::make_shared<TSynthConsumer>(clock);
+    mSynth = std::make_shared<TSynthConsumer>(clock, TSynthConsumer::TOpening::FirstEvent);
     mRoster.Register(mSynth);
     mRoster.RegisterProducer(&mProducer);
+    mRoster.Connect(mProducer, mSynth->ID());
   }
 }
 
@@ -33,7 +34,7 @@ TPlayOutputs::~TPlayOutputs() {
 }
 
 void TPlayOutputs::OpenDevice() {
-  if (mSynth && mSynth->Open()) mRoster.Connect(mProducer, mSynth->ID());
+  if (mSynth) mSynth->Open();
 }
 
 bigtime_t TPlayOutputs::Tail() const {

@@ -32,8 +32,8 @@ class TPlayOutputs {
   TPlayOutputs(const TPlayOutputs&) = delete;
   TPlayOutputs& operator=(const TPlayOutputs&) = delete;
 
-  /// Opens the sound device, which takes a while, if the options let music sound. To be called
-  /// before the first note; a program without music need not pay for it. Once.
+  /// Opens the sound device now, which takes a while, if the options let music sound. Without this
+  /// the first note opens it, and may come late.
   void OpenDevice();
 
   /// How long the loudspeaker goes on after the last event's time; 0 if nothing sounds.

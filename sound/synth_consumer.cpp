@@ -21,32 +21,32 @@ constexpr bigtime_t MAX_UNPLAYED = 100000;
 constexpr bigtime_t PUMP_SPAN = SECOND / 50;
 constexpr int64_t TAIL_FRAMES = int64_t{SYNTH_RATE} * 3;
 
+constexpr int32_t OPENER_PRIORITY = 15;
+
 constexpr const char* DRIVERS[] = {"pulseaudio", "alsa"};
 
 }  // namespace
 
-TSynthPlayer::TSynthPlayer(TClock& clock, std::unique_ptr<TSynthesizer> synth)
-    : mClock(clock), mThrottle(clock), mSynth(std::move(synth)) {}
-
-TSynthPlayer::~TSynthPlayer() = default;
-
-void TSynthPlayer::Queue(const TMidiEvent& event) {
+void TSynthQueue::Push(const TMidiEvent& event) {
   const TLock lock(mLock);
-  mQueue.push({event, mSerial++});
+  mEvents.push({event, mSerial++});
 }
 
-void TSynthPlayer::ClearQueue() {
+bool TSynthQueue::PopBefore(bigtime_t end, TMidiEvent* event) {
   const TLock lock(mLock);
-  mQueue = {};
-}
-
-bool TSynthPlayer::PopBefore(bigtime_t end, TMidiEvent* event) {
-  const TLock lock(mLock);
-  if (mQueue.empty() || mQueue.top().event.time >= end) return false;
-  *event = mQueue.top().event;
-  mQueue.pop();
+  if (mEvents.empty() || mEvents.top().event.time >= end) return false;
+  *event = mEvents.top().event;
+  mEvents.pop();
   return true;
 }
+
+void TSynthQueue::Clear() {
+  const TLock lock(mLock);
+  mEvents = {};
+}
+
+TSynthPlayer::TSynthPlayer(TClock& clock, TSynthQueue& queue, std::unique_ptr<TSynthesizer> synth)
+    : mClock(clock), mQueue(queue), mThrottle(clock), mSynth(std::move(synth)) {}
 
 void TSynthPlayer::FollowClock() {
   bigtime_t now = mClock.system_time();
@@ -68,7 +68,7 @@ void TSynthPlayer::Render(float* left, float* right, size_t frames) {
   mBlockTime = mOrigin + mPlainFrames * SECOND / SYNTH_RATE;
   size_t done = 0;
   TMidiEvent event;
-  while (PopBefore(mBlockTime, &event)) {
+  while (mQueue.PopBefore(mBlockTime, &event)) {
     const bigtime_t offset = std::max<bigtime_t>(event.time - begin, 0);
     const size_t until = std::min(frames, static_cast<size_t>(offset * SYNTH_RATE / SECOND));
     if (until > done) {
@@ -87,41 +87,69 @@ void TSynthPlayer::Render(float* left, float* right, size_t frames) {
   }
 }
 
-TSynthConsumer::TSynthConsumer(TClock& clock) : TMidiConsumer(BUILT_IN_SYNTH_NAME), mClock(clock) {}
+// Opens the synthesiser while the events already wait.
+class TSynthConsumer::TOpener final : public TThread {
+ public:
+  TOpener(TClock& clock, TSynthConsumer& consumer)
+      : TThread("Synthesizer", OPENER_PRIORITY, clock, TActorClass::Timer), mConsumer(consumer) {}
+
+ private:
+  int32_t Execute() override {
+    mConsumer.Open();
+    return 0;
+  }
+  TSynthConsumer& mConsumer;
+};
+
+TSynthConsumer::TSynthConsumer(TClock& clock, TOpening opening)
+    : TMidiConsumer(BUILT_IN_SYNTH_NAME), mClock(clock), mOpening(opening) {}
 
 TSynthConsumer::~TSynthConsumer() {
+  mOpener.reset();
   if (mPump) mClock.CancelTimer(mPump);
   if (mDriver) fluid_api()->delete_fluid_audio_driver(mDriver);
   if (mDriverSettings) fluid_api()->delete_fluid_settings(mDriverSettings);
 }
 
 void TSynthConsumer::Receive(const TMidiEvent& event) {
-  if (TSynthPlayer* player = mReady) player->Queue(event);
+  if (mState == TState::Dead) return;
+  mQueue.Push(event);
+  TState closed = TState::Closed;
+  if (!mState.compare_exchange_strong(closed, TState::Opening)) return;
+  mOpener = std::make_unique<TOpener>(mClock, *this);
+  mOpener->Resume();
 }
 
 void TSynthConsumer::Connected(int32_t) {
-  Open();
+  if (mOpening == TOpening::Connected) Open();
 }
 
 // A note that begins after the silence that follows a disconnection would never end.
 void TSynthConsumer::Disconnected(int32_t) {
-  if (TSynthPlayer* player = mReady) player->ClearQueue();
+  mQueue.Clear();
 }
 
 bool TSynthConsumer::Open() {
-  const std::lock_guard<std::mutex> guard(mOpening);
-  if (mTried) return HasDevice();
-  mTried = true;
+  const std::lock_guard<std::mutex> guard(mOpenLock);
+  if (mState == TState::Playing || mState == TState::Dead) return HasDevice();
+  mState = OpenAll();
+  if (mState == TState::Dead) mQueue.Clear();
+  return HasDevice();
+}
+
+TSynthConsumer::TState TSynthConsumer::OpenAll() {
   std::unique_ptr<TSynthesizer> synth = TSynthesizer::Create();
-  if (!synth) return false;
+  if (!synth) return TState::Dead;
   alsa_api();  // loaded for its silence: the synthesiser's library uses it, too
-  mPlayer = std::make_unique<TSynthPlayer>(mClock, std::move(synth));
+  mPlayer = std::make_unique<TSynthPlayer>(mClock, mQueue, std::move(synth));
   for (const char* driver : DRIVERS) {
     if (OpenDriver(driver)) break;
   }
-  if (!mDriver) mPump = mClock.StartTimer(PUMP_SPAN, true, [this] { Pump(); });
-  mReady = mPlayer.get();
-  return HasDevice();
+  mHasDevice = mDriver != nullptr;
+  if (mDriver) return TState::Playing;
+  if (mOpening == TOpening::FirstEvent) return TState::Dead;
+  mPump = mClock.StartTimer(PUMP_SPAN, true, [this] { Pump(); });
+  return TState::Playing;
 }
 
 bool TSynthConsumer::OpenDriver(const char* name) {

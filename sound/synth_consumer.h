@@ -14,6 +14,7 @@
 
 #include "common/clock.h"
 #include "common/mutex.h"
+#include "common/thread.h"
 #include "sound/midi.h"
 #include "sound/synthesizer.h"
 
@@ -23,20 +24,13 @@ namespace zoka {
 /// so is the same in every language.
 constexpr char BUILT_IN_SYNTH_NAME[] = "Built-in Synthesizer";
 
-/// Renders events by sample time: each one falls on the sample of its time. Fed by one thread,
-/// rendered by another.
-class TSynthPlayer {
+/// Events that wait for their time, by time and then by arrival. Any thread.
+class TSynthQueue {
  public:
-  TSynthPlayer(TClock& clock, std::unique_ptr<TSynthesizer> synth);
-  ~TSynthPlayer();
-
-  void Queue(const TMidiEvent& event);
-  /// Forgets what has not sounded yet.
-  void ClearQueue();
-
-  /// Makes the next samples; the device's thread calls it. Blocks for a while if the device takes
-  /// samples much faster than they sound.
-  void Render(float* left, float* right, size_t frames);
+  void Push(const TMidiEvent& event);
+  /// Takes the first event before `end`; false if there is none.
+  bool PopBefore(bigtime_t end, TMidiEvent* event);
+  void Clear();
 
  private:
   struct TQueued {
@@ -47,26 +41,48 @@ class TSynthPlayer {
     }
   };
 
+  TMutex mLock{TLockRank::Leaf};
+  uint64_t mSerial = 0;
+  std::priority_queue<TQueued, std::vector<TQueued>, std::greater<>> mEvents;
+};
+
+/// Renders a queue's events by sample time: each one falls on the sample of its time. One thread at
+/// a time. The queue must outlive it.
+class TSynthPlayer {
+ public:
+  TSynthPlayer(TClock& clock, TSynthQueue& queue, std::unique_ptr<TSynthesizer> synth);
+
+  /// Makes the next samples; the device's thread calls it. Blocks for a while if the device takes
+  /// samples much faster than they sound.
+  void Render(float* left, float* right, size_t frames);
+
+ private:
   void FollowClock();
-  bool PopBefore(bigtime_t end, TMidiEvent* event);
 
   TClock& mClock;
+  TSynthQueue& mQueue;
   TWake mThrottle;
   std::unique_ptr<TSynthesizer> mSynth;
   bool mBegun = false;
   bigtime_t mBlockTime = 0;  // the clock's time of the next sample
-  int64_t mPlainFrames = 0;  // frames since mOrigin
-  bigtime_t mOrigin = 0;
+  bigtime_t mOrigin = 0;     // the clock's time of the first of mPlainFrames
+  int64_t mPlainFrames = 0;
   int64_t mSilentFrames = 0;
-  TMutex mLock{TLockRank::Leaf};
-  uint64_t mSerial = 0;
-  std::priority_queue<TQueued, std::vector<TQueued>, std::greater<>> mQueue;
 };
 
-/// The instrument. Library, soundfont and device are taken when it is first connected.
+/// The instrument.
 class TSynthConsumer final : public TMidiConsumer {
  public:
-  explicit TSynthConsumer(TClock& clock);
+  /// When library, soundfont and device are taken.
+  enum class TOpening : uint8_t {
+    /// By the first connection, which takes a while. Without a device it keeps time in silence.
+    Connected,
+    /// By the first event, on a thread of its own: the first notes may come late, but a program
+    /// without music pays nothing. Without a device nothing is rendered at all.
+    FirstEvent
+  };
+
+  explicit TSynthConsumer(TClock& clock, TOpening opening = TOpening::Connected);
   ~TSynthConsumer() override;
 
   void Receive(const TMidiEvent& event) override;
@@ -76,24 +92,31 @@ class TSynthConsumer final : public TMidiConsumer {
   /// Opens library, soundfont and device, if that has not been tried yet; true if there is a
   /// device.
   bool Open();
-  bool HasDevice() const { return mDriver != nullptr; }
+  bool HasDevice() const { return mHasDevice; }
 
  private:
+  class TOpener;
+  enum class TState : uint8_t { Closed, Opening, Playing, Dead };
+
   static int Callback(void* self, int frames, int effects, float* effect[], int sides,
                       float* side[]);
+  TState OpenAll();
   bool OpenDriver(const char* name);
   void Pump();
 
   TClock& mClock;
-  std::mutex mOpening;
-  bool mTried = false;
+  const TOpening mOpening;
+  TSynthQueue mQueue;
+  std::mutex mOpenLock;  // held while libraries are loaded, far longer than our own locks
+  std::atomic<TState> mState{TState::Closed};
+  std::atomic<bool> mHasDevice{false};
   std::unique_ptr<TSynthPlayer> mPlayer;
-  std::atomic<TSynthPlayer*> mReady{nullptr};
   fluid_settings_t* mDriverSettings = nullptr;
   fluid_audio_driver_t* mDriver = nullptr;
   TTimerId mPump = 0;
   std::array<float, SYNTH_RATE / 50> mPumpLeft;
   std::array<float, SYNTH_RATE / 50> mPumpRight;
+  std::unique_ptr<TOpener> mOpener;
 };
 
 }  // namespace zoka

@@ -23,7 +23,7 @@ class SynthPlayer : public testing::Test {
   void SetUp() override {
     std::unique_ptr<TSynthesizer> synth = TSynthesizer::Create();
     if (!synth) GTEST_SKIP() << "no synthesiser on this machine";
-    player = std::make_unique<TSynthPlayer>(*clock, std::move(synth));
+    player = std::make_unique<TSynthPlayer>(*clock, queue, std::move(synth));
     clock->EnterThread(clock->PrepareThread(TActorClass::Machine));
     entered = true;
   }
@@ -46,16 +46,17 @@ class SynthPlayer : public testing::Test {
                                  [](float sample) { return std::abs(sample) > 1e-4F; });
     return static_cast<size_t>(it - samples.begin());
   }
-  void NoteAt(bigtime_t time) { player->Queue({time, "\x90\x48\x7F"}); }
+  void NoteAt(bigtime_t time) { queue.Push({time, "\x90\x48\x7F"}); }
 
   std::unique_ptr<TClock> clock = make_simulated_clock();
   TWake wake{*clock};
+  TSynthQueue queue;
   std::unique_ptr<TSynthPlayer> player;
   bool entered = false;
 };
 
 TEST_F(SynthPlayer, AnEventFallsOnItsSample) {
-  player->Queue({0, "\xC0\x50"});
+  queue.Push({0, "\xC0\x50"});
   NoteAt(100000);
   const size_t onset = Onset(Render(2 * TENTH, 512));
   EXPECT_GE(onset, TENTH);
@@ -65,8 +66,8 @@ TEST_F(SynthPlayer, AnEventFallsOnItsSample) {
 TEST_F(SynthPlayer, TheSizeOfBlocksDoesNotMatter) {
   std::vector<size_t> onsets;
   for (const size_t block : {size_t{64}, size_t{100}, size_t{1000}, size_t{8000}}) {
-    player = std::make_unique<TSynthPlayer>(*clock, TSynthesizer::Create());
-    player->Queue({0, "\xC0\x50"});
+    player = std::make_unique<TSynthPlayer>(*clock, queue, TSynthesizer::Create());
+    queue.Push({0, "\xC0\x50"});
     NoteAt(clock->system_time() + 100000);
     onsets.push_back(Onset(Render(2 * TENTH, block)));
   }
@@ -76,13 +77,13 @@ TEST_F(SynthPlayer, TheSizeOfBlocksDoesNotMatter) {
 
 TEST_F(SynthPlayer, LateEventsSoundAtOnce) {
   clock->Wait(500000, wake);
-  player->Queue({0, "\xC0\x50"});
+  queue.Push({0, "\xC0\x50"});
   NoteAt(1000);
   EXPECT_LE(Onset(Render(TENTH, 512)), 5 * GRAIN);
 }
 
 TEST_F(SynthPlayer, SamplesFollowTheClockAfterAPause) {
-  player->Queue({0, "\xC0\x50"});
+  queue.Push({0, "\xC0\x50"});
   EXPECT_EQ(Onset(Render(TENTH, 512)), TENTH);
   clock->Wait(5000000, wake);
   NoteAt(5050000);
@@ -100,16 +101,16 @@ TEST_F(SynthPlayer, ADeviceThatDoesNotPlayIsHeldBack) {
 
 TEST_F(SynthPlayer, ADisconnectionForgetsWhatHasNotSounded) {
   NoteAt(10000);
-  player->ClearQueue();
+  queue.Clear();
   EXPECT_EQ(Onset(Render(2 * TENTH, 512)), 2 * TENTH);
 }
 
 TEST_F(SynthPlayer, EventsOfOneTimeKeepTheirOrder) {
   // On and off: nothing stays; off and on: the note sounds.
   NoteAt(0);
-  player->Queue({0, "\x80\x48\x7F"});
-  player->Queue({0, std::string("\xB0\x78\0", 3)});
-  player->Queue({200000, std::string("\xB0\x78\0", 3)});
+  queue.Push({0, "\x80\x48\x7F"});
+  queue.Push({0, std::string("\xB0\x78\0", 3)});
+  queue.Push({200000, std::string("\xB0\x78\0", 3)});
   NoteAt(200000);
   const std::vector<float> samples = Render(4 * TENTH, 512);
   EXPECT_EQ(Onset({samples.begin(), samples.begin() + 2 * TENTH}), 2 * TENTH);
@@ -137,6 +138,27 @@ TEST(SynthConsumer, OpensAndPlaysWithoutANoise) {
   clock->LeaveThread();
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+}
+
+TEST(SynthConsumer, MayOpenAtTheFirstEvent) {
+  const auto clock = make_real_clock();
+  testing::internal::CaptureStderr();
+  {
+    TMidiRoster roster;
+    TMidiLocalProducer producer(*clock, midi_out_name());
+    const auto synth =
+        std::make_shared<TSynthConsumer>(*clock, TSynthConsumer::TOpening::FirstEvent);
+    const int32_t id = roster.Register(synth);
+    EXPECT_TRUE(roster.Connect(producer, id));
+    EXPECT_FALSE(synth->HasDevice());
+    producer.SprayNoteOn(1, 60, 64, 0);
+    producer.SprayNoteOff(1, 60, 64, 0);
+    const bool opened = synth->Open();  // waits for the thread that opens it
+    EXPECT_EQ(synth->HasDevice(), opened);
+    EXPECT_TRUE(roster.Disconnect(producer, id));
+    roster.Unregister(id);
+  }
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
 TEST(SynthConsumer, IsNamedForThePreferences) {
