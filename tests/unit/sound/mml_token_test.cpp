@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -16,6 +17,11 @@ struct TRow {
   TMmlTokenKind kind;
   const char* token_text;
 };
+
+// A name that no run changes; quotes and blanks would trouble the list of tests.
+void PrintTo(const TRow& row, std::ostream* out) {
+  *out << "kind " << static_cast<int>(row.kind) << " of " << std::string(row.text).size();
+}
 
 class TokenRow : public testing::TestWithParam<TRow> {};
 
