@@ -1,6 +1,6 @@
-// TKeyFeeder: types keys into a run from a script (--type), a pipe or a terminal's reader instead of
-// a person. It hands over in order, as soon as the key buffer has room, and counts waits from the
-// moment they are reached.
+// TKeyFeeder: types keys into a run from a script (--type), a pipe or a terminal's reader instead
+// of a person. It hands over in order, as soon as the key buffer has room, and counts waits from
+// the moment they are reached.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,5 @@
-// TLiveInputs: the inputs of a run that happens now: the engine's clock, the random numbers, the key
-// buffer, the host's keyboard and the preferences.
+// TLiveInputs: the inputs of a run that happens now: the engine's clock, the random numbers, the
+// key buffer, the host's keyboard and the preferences.
 #pragma once
 
 #include "common/context.h"

@@ -82,8 +82,8 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   /// Keys that are typed by a script or a pipe rather than a person; null for none. Set between
   /// runs; not owned.
   void SetKeyFeeder(TKeyFeeder* feeder);
-  /// A key press: its bytes as the host's platform codes them, and for byte 0x10 the key code (F1 is
-  /// 2).
+  /// A key press: its bytes as the host's platform codes them, and for byte 0x10 the key code (F1
+  /// is 2).
   void KeyDown(std::string_view bytes, int32_t key = 0);
   /// Command plus a key: C is the break key, others are typed plain.
   void CtrlKeyDown(char byte);

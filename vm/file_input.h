@@ -9,9 +9,10 @@
 
 namespace zoka {
 
-/// Reads up to `count` items. An item loses its leading blanks; one that begins with a quote goes to
-/// the next quote, commas and all. A blank, a comma, a semicolon, CR, LF or CR LF closes it; with
-/// `asLine` only the line ends do (but blanks and quotes in front go all the same; this is meant).
+/// Reads up to `count` items. An item loses its leading blanks; one that begins with a quote goes
+/// to the next quote, commas and all. A blank, a comma, a semicolon, CR, LF or CR LF closes it;
+/// with `asLine` only the line ends do (but blanks and quotes in front go all the same; this is
+/// meant).
 void InputFromFile(TBasicFile& file, int32_t count, std::list<std::string>* items, bool asLine);
 
 /// Reads whole characters until they make `count` positions; `mode` is the compatibility mode.

@@ -253,7 +253,8 @@ void ExeBasicPaint(TVMachine& m, const TVMCode* code) {
   // A tile is ignored.
   int8_t color = m.mRsrc->GrphForeColor();
   if (is_number(paint->kind)) color = static_cast<int8_t>(stack_int(*paint));
-  int8_t stop = border->kind == TStackKind::Abbrev ? color : static_cast<int8_t>(stack_int(*border));
+  int8_t stop =
+      border->kind == TStackKind::Abbrev ? color : static_cast<int8_t>(stack_int(*border));
   TGraphics(*m.mRsrc).Paint(pop_step_point(m, code->bval()), color, stop);
   m.mRsrc->UpdateScreen();
 }

@@ -184,7 +184,9 @@ void ExeBasicMidDlProc(TVMachine& m, const TVMCode* code) {
   m.StoreSlot(var, slot, TStackData::OfText(result.Detach(), bytes));
 }
 
-void ExeBasicInstr(TVMachine& m, const TVMCode* code) { push_found(m, code->bval(), bytes_count(m)); }
+void ExeBasicInstr(TVMachine& m, const TVMCode* code) {
+  push_found(m, code->bval(), bytes_count(m));
+}
 
 void ExeBasicKinstr(TVMachine& m, const TVMCode* code) {
   push_found(m, code->bval(), characters_count(m));

@@ -1,6 +1,6 @@
-// Positions in texts as programs count them: an ASCII character or a half-width kana is one, a kanji
-// two (or one, in the K functions), and under DISK-BASIC each change between the two costs what a
-// shift code cost. Translates them to byte offsets and back; walks from the start each time.
+// Positions in texts as programs count them: an ASCII character or a half-width kana is one, a
+// kanji two (or one, in the K functions), and under DISK-BASIC each change between the two costs
+// what a shift code cost. Translates them to byte offsets and back; walks from the start each time.
 #pragma once
 
 #include <cstdint>

@@ -15,9 +15,9 @@ std::string AkcnvDl(std::string_view text);
 /// such form, or an ASCII one.
 std::optional<std::string> KacnvDl(std::string_view text);
 
-/// The JIS code of the character that the text begins with, in hexadecimal; the first two bytes of a
-/// text that begins with no kanji. None for a text of less than two bytes or a character without a
-/// code.
+/// The JIS code of the character that the text begins with, in hexadecimal; the first two bytes of
+/// a text that begins with no kanji. None for a text of less than two bytes or a character without
+/// a code.
 std::optional<std::string> jis_dl(std::string_view text);
 
 /// The character of the JIS code that the text's first four hexadecimal digits make; empty for the

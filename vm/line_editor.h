@@ -1,5 +1,5 @@
-// The line editor of INPUT: the user moves freely over the text window, and what counts as the input
-// is read back from the screen. And the other ways in which a program takes keys.
+// The line editor of INPUT: the user moves freely over the text window, and what counts as the
+// input is read back from the screen. And the other ways in which a program takes keys.
 #pragma once
 
 #include <cstdint>
@@ -12,8 +12,8 @@ namespace zoka {
 class TVMachine;
 
 /// Lets the user edit until Return. `asLine` yields one item, else the text is split at commas.
-/// `timeout`, in tenths of a second for each key, may be null; when it runs out *timeout becomes -1.
-/// If the machine is asked to stop before anything is typed, `items` stays empty.
+/// `timeout`, in tenths of a second for each key, may be null; when it runs out *timeout becomes
+/// -1. If the machine is asked to stop before anything is typed, `items` stays empty.
 void InputFromUser(TVMachine& m, std::list<std::string>* items, bool asLine, int32_t* timeout);
 
 /// Collects key presses until `count` is reached: a key of one byte counts 1, a longer one 2. Not

@@ -16,8 +16,8 @@ constexpr int32_t PRINT_ZONE_COLUMNS = 14;
 /// The general floating-point format with six significant digits, as printf's %g.
 std::string general_format(double value);
 
-/// Cuts every "0" at the end of the text, then a "." at the end, if there is a "." at all. Exponents
-/// are no exception: 1.5e+10 becomes 1.5e+1. That is meant.
+/// Cuts every "0" at the end of the text, then a "." at the end, if there is a "." at all.
+/// Exponents are no exception: 1.5e+10 becomes 1.5e+1. That is meant.
 void ElimZero(std::string* text);
 
 /// A number as PRINT writes it: a blank for 0 and positive values, the number, a blank.
