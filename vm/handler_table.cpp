@@ -30,17 +30,26 @@ void no_handler(TVMachine& m, const TVMCode*) {
 /// A row that must never do anything.
 void empty_handler(TVMachine&, const TVMCode*) {}
 
-std::vector<TVMHandler> make_table() {
-  std::vector<TVMHandler> table(OPERATION_COUNT, no_handler);
+struct TEntry {
+  uint16_t number;
+  TVMHandler handler;
+};
+
 #define ZOKA_ENTRY_Handler(handler) ExeBasic##handler
 #define ZOKA_ENTRY_Empty(handler) empty_handler
 #define ZOKA_ENTRY_Nothing(handler) no_handler
+constexpr TEntry ENTRIES[] = {
 #define ZOKA_OPERATION(number, name, handler, kind, operand, stack, meaning) \
-  table[number] = ZOKA_ENTRY_##kind(handler);
+  {number, ZOKA_ENTRY_##kind(handler)},
 #include "core/operations.def"
+};
 #undef ZOKA_ENTRY_Handler
 #undef ZOKA_ENTRY_Empty
 #undef ZOKA_ENTRY_Nothing
+
+std::vector<TVMHandler> make_table() {
+  std::vector<TVMHandler> table(OPERATION_COUNT, no_handler);
+  for (const TEntry& entry : ENTRIES) table[entry.number] = entry.handler;
   return table;
 }
 

@@ -248,13 +248,14 @@ class TVMachine : public TThread {
   void Interrupt();
 
  private:
-  /// What an instruction's look-up found, beside mCodes: the target's bits and where it leads. A
-  /// string is known by its literal's address. Zeroed memory: nothing found yet.
+  /// What an instruction's look-up found, beside mCodes: the target's bits, kind and length, and
+  /// where it leads. A string is known by its literal's address. Zeroed memory: nothing found yet.
   struct TLookup {
     int64_t bits;
     uint32_t tag;
     int32_t index;
   };
+  static constexpr int TAG_LENGTH_BITS = 24;
   struct TFree {
     void operator()(void* memory) const { std::free(memory); }
   };
@@ -266,7 +267,9 @@ class TVMachine : public TThread {
   TStackData PopEdge();
   int32_t PopIntSlow();
   static bool IsMemorable(const TStackData& target);
-  static uint32_t LookupTag(const TStackData& target);
+  static uint32_t LookupTag(const TStackData& target) {
+    return static_cast<uint32_t>(target.kind) << TAG_LENGTH_BITS | target.length;
+  }
   TLookup& LookupOf(const TVMCode* code) { return mLookups.get()[code - mCodeBase]; }
 
   int32_t FlatSlot(const TVarInfo* var, const int32_t* subscripts, int32_t count);

@@ -75,27 +75,24 @@ void TVMachine::ChangePC(const TStackData& target) {
 }
 
 bool TVMachine::IsMemorable(const TStackData& target) {
-  return target.kind == TStackKind::Int ||
-         (target.kind == TStackKind::String && target.text->IsImmortal());
-}
-
-uint32_t TVMachine::LookupTag(const TStackData& target) {
-  constexpr uint32_t IS_TEXT = 0x80000000;
-  return target.kind == TStackKind::String ? target.length | IS_TEXT : 0;
+  if (target.kind == TStackKind::Int) return true;
+  return target.kind == TStackKind::String && target.text->IsImmortal() &&
+         target.length < 1u << TAG_LENGTH_BITS;
 }
 
 void TVMachine::JumpToPopped(const TVMCode* code) {
-  const TOwnedData target(Pop());
   TLookup& found = LookupOf(code);
-  const bool memorable = IsMemorable(*target);
-  if (memorable && found.index != 0 && found.bits == target->bits &&
-      found.tag == LookupTag(*target)) [[likely]] {
+  if (mStack.HasPlain() && found.index != 0 && found.bits == mStack.Top().bits &&
+      found.tag == LookupTag(mStack.Top())) [[likely]] {
+    // What is remembered is a number or a literal: there is nothing to release.
+    mStack.Shrink(1);
     JumpTo(found.index);
     return;
   }
+  const TOwnedData target(Pop());
   const int32_t index = FindTarget(*target);
   if (index == 0) return;
-  if (memorable) found = {target->bits, LookupTag(*target), index};
+  if (IsMemorable(*target)) found = {target->bits, LookupTag(*target), index};
   JumpTo(index);
 }
 
