@@ -95,7 +95,7 @@ class TRunCommand {
 
   /// Music of an ended program plays to its end, unless a signal or the time limit cuts it.
   void FinishMusic() {
-    if (mWatch.Status() == 0 && !mHost.OutputFailed()) mEngine.View().DrainMusic();
+    mEngine.View().DrainMusic(mOutputs.Tail());
     for (const std::string& path : mOutputs.Finish()) mUnwritten = report_unwritten(path);
   }
 

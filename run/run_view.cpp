@@ -10,6 +10,7 @@
 #include "common/file_path.h"
 #include "run/key_feeder.h"
 #include "run/live_inputs.h"
+#include "sound/music_end.h"
 
 namespace zoka {
 namespace {
@@ -66,13 +67,14 @@ class TRunView::TCompileThread final : public TThread {
 /// Waits for the music as an engine's thread does, on either kind of clock.
 class TRunView::TDrainThread final : public TThread, private TPlayEventTarget {
  public:
-  explicit TDrainThread(TRunView& view)
+  TDrainThread(TRunView& view, bigtime_t tail)
       : TThread("Drain", MACHINE_PRIORITY, *view.mContext.clock, TActorClass::Machine),
-        mView(view) {}
+        mView(view),
+        mTail(tail) {}
 
  protected:
   int32_t Execute() override {
-    mView.mPlayer.Drain(TPlayCaller{mWake, *this});
+    wait_for_music(mView.mPlayer, mTail, TPlayCaller{mWake, *this});
     return 0;
   }
 
@@ -81,6 +83,7 @@ class TRunView::TDrainThread final : public TThread, private TPlayEventTarget {
   bool IsTerminated() const override { return mView.mStopRequested.load(); }
 
   TRunView& mView;
+  const bigtime_t mTail;
 };
 
 /// The machine as the player sees it: events, and whether the run is to end.
@@ -189,8 +192,8 @@ int32_t TRunView::WaitForEnd() {
   return status;
 }
 
-void TRunView::DrainMusic() {
-  TDrainThread thread(*this);
+void TRunView::DrainMusic(bigtime_t tail) {
+  TDrainThread thread(*this, tail);
   thread.Resume();
   thread.Wait(nullptr);
 }

@@ -59,8 +59,9 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   /// Waits for the end of the machine's thread, which stays until the next run, and returns the
   /// run's status; for hosts that do nothing meanwhile.
   int32_t WaitForEnd();
-  /// Waits until the music of an ended program has sounded, or ForceStop is called.
-  void DrainMusic();
+  /// Waits until the music of an ended program has sounded and then for `tail` microseconds. After
+  /// ForceStop it silences the music instead.
+  void DrainMusic(bigtime_t tail);
   /// Asks the machine to end at once, as by force; does not wait. Any thread.
   void ForceStop();
 
