@@ -19,10 +19,6 @@ namespace fs = std::filesystem;
 const char* const SOURCE_FOLDERS[] = {"common", "app",   "core",     "compiler", "vm",
                                       "run",    "sound", "debugger", "editor",   "console"};
 
-/// Keys whose users are still being written. Take a key out when its user is there; what stays here
-/// although it is used does no harm.
-const char* const KEYS_TO_COME_FILE = "tests/unit/common/keys_to_come.txt";
-
 std::string read_file(const fs::path& path) {
   std::ifstream file(path, std::ios::binary);
   std::ostringstream text;
@@ -272,9 +268,7 @@ TEST(CatalogueKeys, OfTheSourcesHaveTexts) {
 }
 
 TEST(CatalogueKeys, AreAllUsed) {
-  std::set<std::string> used = keys_of_sources().literals;
-  std::istringstream toCome(read_file(fs::path(ZOKA_SOURCE_DIR) / KEYS_TO_COME_FILE));
-  for (std::string line; std::getline(toCome, line);) used.insert(line);
+  const std::set<std::string> used = keys_of_sources().literals;
   for (const auto& [key, text] : catalogue_texts(CATALOGUE_EN)) {
     EXPECT_TRUE(used.contains(key)) << key << " is in locale/ but nowhere in the sources";
   }
