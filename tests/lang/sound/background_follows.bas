@@ -1,0 +1,1 @@
+10 PLAY "MBC":PLAY "D"

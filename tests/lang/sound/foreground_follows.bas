@@ -1,0 +1,1 @@
+10 PLAY "C":PLAY "D"

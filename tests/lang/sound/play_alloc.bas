@@ -1,0 +1,1 @@
+10 PLAY ALLOC 1,2,3:PRINT "done"
