@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <utility>
 
 #include "run/screen/basic_rsrc.h"
 
@@ -27,6 +28,7 @@ bool write_all(int fd, std::string_view bytes) {
 
 void TConsoleHost::TranscriptRow(std::string_view row) {
   std::lock_guard lock(mMutex);
+  if (mLive) return;
   mPending.append(row);
   mPending += '\n';
   if (mPending.size() >= MAX_PENDING_BYTES) FlushLocked();
@@ -62,9 +64,19 @@ bool TConsoleHost::TakeRequest(TMessage* request) {
 
 int TConsoleHost::ShowAlert(const TAlert& alert, TThread*) {
   std::lock_guard lock(mMutex);
+  if (mLive) {
+    mHeldAlerts += alert_bytes(alert);
+    return 0;
+  }
   FlushLocked();
   write_all(STDERR_FILENO, alert_bytes(alert));
   return 0;
+}
+
+void TConsoleHost::SetLive(bool live) {
+  std::lock_guard lock(mMutex);
+  mLive = live;
+  if (!live) write_all(STDERR_FILENO, std::exchange(mHeldAlerts, {}));
 }
 
 void TConsoleHost::WriteScreen(const TBasicRsrc& rsrc) {

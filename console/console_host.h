@@ -25,6 +25,8 @@ class TConsoleHost final : public TRunHost, public TAlertHost {
 
   /// What to do when standard output cannot be written any more; any thread.
   void SetOnFailure(std::function<void()> onFailure) { mOnFailure = std::move(onFailure); }
+  /// The screen is shown live: rows are not written, and alerts are held back until it is not.
+  void SetLive(bool live);
   void SetWantsPicture(bool wants) { mWantsPicture = wants; }
   /// A request for another run that the last program left; false if it left none.
   bool TakeRequest(TMessage* request);
@@ -37,6 +39,9 @@ class TConsoleHost final : public TRunHost, public TAlertHost {
 
  private:
   void FlushLocked();
+
+  bool mLive = false;          // under mMutex
+  std::string mHeldAlerts;     // under mMutex
 
   std::mutex mMutex;
   std::string mPending;  // under mMutex

@@ -7,6 +7,7 @@
 #include "console/commands.h"
 #include "console/engine.h"
 #include "console/stdin_keys.h"
+#include "console/terminal.h"
 #include "console/watch.h"
 #include "run/key_feeder.h"
 #include "sound/play_outputs.h"
@@ -23,7 +24,8 @@ class TRunCommand {
         mFeeder(*mEngine.Context().clock, mEngine.View()),
         mOutputs(*mEngine.Context().clock, mEngine.View().Producer(),
                  TPlayOutputOptions{options.midi, options.wav, options.noWait}),
-        mWatch(options.timeoutSeconds, [this] { mEngine.View().ForceStop(); }, [] {}) {
+        mWatch(options.timeoutSeconds, [this] { mEngine.View().ForceStop(); },
+               TTerminal::Restore) {
     mHost.SetOnFailure([this] { mEngine.View().ForceStop(); });
   }
 
@@ -32,9 +34,12 @@ class TRunCommand {
     SetDrives();
     if (!StartKeys()) return EXIT_USAGE;
     if (mOptions.boot) mEngine.View().ShowBootStr();
+    const bool wasLive = mTerminal != nullptr;
     int status = RunPrograms();
     mStdinKeys.reset();
-    if (mWroteRun) mHost.WriteScreen(mEngine.View().Rsrc());
+    mTerminal.reset();
+    mHost.SetLive(false);
+    if (mWroteRun && !wasLive) mHost.WriteScreen(mEngine.View().Rsrc());
     mHost.FlushOutput();
     FinishMusic();
     mEngine.View().QuitBasic();
@@ -69,7 +74,11 @@ class TRunCommand {
     }
     mEngine.View().SetKeyFeeder(&mFeeder);
     mFeeder.Add(std::move(items));
-    if (mOptions.typed.empty() && mOptions.file != "-" && !::isatty(STDIN_FILENO)) {
+    if (TTerminal::IsThere() && mOptions.file != "-") {
+      mFeeder.SetInteractive();
+      mHost.SetLive(true);
+      mTerminal = std::make_unique<TTerminal>(mEngine.View(), mFeeder);
+    } else if (mOptions.typed.empty() && mOptions.file != "-" && !::isatty(STDIN_FILENO)) {
       mStdinKeys = std::make_unique<TStdinKeys>(mFeeder);
     } else {
       mFeeder.Finish();
@@ -114,6 +123,7 @@ class TRunCommand {
   TPlayOutputs mOutputs;
   TWatch mWatch;
   std::unique_ptr<TStdinKeys> mStdinKeys;
+  std::unique_ptr<TTerminal> mTerminal;
   bool mWroteRun = false;
   int mUnwritten = EXIT_OK;
 };

@@ -186,7 +186,7 @@ void TKeyFeeder::HasRoom() {
 
 bool TKeyFeeder::IsDry() {
   TLock lock(mMutex);
-  return mActive && !mFinished && mItems.empty() && mTimer == 0;
+  return mActive && !mFinished && !mInteractive && mItems.empty() && mTimer == 0;
 }
 
 void TKeyFeeder::Look() {

@@ -38,6 +38,8 @@ class TKeyFeeder {
   ~TKeyFeeder();
 
   void Add(std::deque<TFeedItem> items);
+  /// Keys are typed by a person: a program that looks for one does not stand still for it.
+  void SetInteractive() { mInteractive = true; }
   /// Nothing will be added any more: a program that then waits for a key without limit is stopped
   /// as by the break key.
   void Finish();
@@ -68,6 +70,7 @@ class TKeyFeeder {
   TMutex mMutex{TLockRank::Variables};
   std::deque<TFeedItem> mItems;  // under mMutex, like the rest
   bool mFinished = false;
+  bool mInteractive = false;  // before the first run
   bool mActive = false;
   bool mStarving = false;  // the program waits for a key without limit
   bool mPumping = false;

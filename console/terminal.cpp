@@ -1,0 +1,114 @@
+// The terminal's mode, and the thread that shows and types.
+#include "console/terminal.h"
+
+#include <poll.h>
+#include <signal.h>
+#include <sys/eventfd.h>
+#include <sys/ioctl.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "console/console_host.h"
+#include "console/terminal_keys.h"
+#include "run/run_view.h"
+
+namespace zoka {
+namespace {
+
+/// Between two looks at the screen.
+constexpr int FRAME_MS = 16;
+
+// What the handlers of fatal signals need; written before they are installed.
+termios gSavedMode;
+std::atomic<bool> gIsRaw{false};
+constexpr int FATAL_SIGNALS[] = {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT};
+
+void enter_raw_mode() {
+  if (::tcgetattr(STDIN_FILENO, &gSavedMode) != 0) return;
+  termios raw = gSavedMode;
+  ::cfmakeraw(&raw);
+  raw.c_oflag |= OPOST;
+  ::tcsetattr(STDIN_FILENO, TCSADRAIN, &raw);
+  gIsRaw.store(true);
+}
+
+void die_restored(int number) {
+  TTerminal::Restore();
+  ::signal(number, SIG_DFL);
+  ::raise(number);
+}
+
+}  // namespace
+
+bool TTerminal::IsThere() { return ::isatty(STDIN_FILENO) && ::isatty(STDOUT_FILENO); }
+
+void TTerminal::Restore() {
+  if (!gIsRaw.exchange(false)) return;
+  constexpr std::string_view SHOW_CURSOR = "\x1b[0m\x1b[?25h";
+  [[maybe_unused]] ssize_t written = ::write(STDOUT_FILENO, SHOW_CURSOR.data(), SHOW_CURSOR.size());
+  ::tcsetattr(STDIN_FILENO, TCSADRAIN, &gSavedMode);
+}
+
+TTerminal::TTerminal(TRunView& view, TKeyFeeder& feeder)
+    : mView(view), mFeeder(feeder), mQuitFd(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+  enter_raw_mode();
+  for (int number : FATAL_SIGNALS) ::signal(number, die_restored);
+  mThread = std::thread([this] { Run(); });
+}
+
+TTerminal::~TTerminal() {
+  uint64_t one = 1;
+  [[maybe_unused]] ssize_t written = ::write(mQuitFd, &one, sizeof one);
+  mThread.join();
+  ::close(mQuitFd);
+  Show();
+  write_all(STDOUT_FILENO, mScreen.Leave());
+  Restore();
+  for (int number : FATAL_SIGNALS) ::signal(number, SIG_DFL);
+}
+
+void TTerminal::Run() {
+  while (ReadKeys(FRAME_MS)) Show();
+}
+
+bool TTerminal::ReadKeys(int timeoutMs) {
+  pollfd fds[2] = {{mQuitFd, POLLIN, 0}, {STDIN_FILENO, POLLIN, 0}};
+  int ready = ::poll(fds, 2, timeoutMs);
+  if (fds[0].revents != 0) return false;
+  bool hasInput = ready > 0 && fds[1].revents != 0;
+  if (hasInput) {
+    char buffer[256];
+    ssize_t size = ::read(STDIN_FILENO, buffer, sizeof buffer);
+    // The terminal is gone; the hang-up signal ends the run.
+    if (size == 0 || (size < 0 && errno != EINTR)) return false;
+    if (size > 0) mPending.append(buffer, static_cast<size_t>(size));
+  }
+  std::deque<TFeedItem> keys;
+  // What a key sends arrives at once, so that a pause ends a sequence.
+  TTerminalRequest request = terminal_keys(&mPending, !hasInput, &keys);
+  if (!keys.empty()) mFeeder.Add(std::move(keys));
+  if (request == TTerminalRequest::Suspend) Suspend();
+  return true;
+}
+
+void TTerminal::Show() {
+  winsize size{};
+  if (::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_row > 0 && size.ws_col > 0) {
+    mScreen.SetSize(size.ws_row, size.ws_col);
+  }
+  std::string bytes = mScreen.Update(mView.Rsrc().TxtSnapshot());
+  if (!bytes.empty()) write_all(STDOUT_FILENO, bytes);
+}
+
+void TTerminal::Suspend() {
+  write_all(STDOUT_FILENO, mScreen.Leave());
+  Restore();
+  ::kill(0, SIGTSTP);
+  // Continued.
+  enter_raw_mode();
+  mScreen.Forget();
+}
+
+}  // namespace zoka
