@@ -54,12 +54,12 @@ TToken TCompiler::GenWhile(const TToken&) {
   return Token();
 }
 
-TToken TCompiler::GenFor(const TToken& first) {
+TToken TCompiler::GenFor(const TToken&) {
   const TDepth depth(this);
   const std::string loop = NextInternalLabel();
   const std::string test = NextInternalLabel();
   const std::string end = NextInternalLabel();
-  TToken token = CompileBlock(GenForHead(first, test, loop, end));
+  TToken token = CompileBlock(GenForHead(test, loop, end));
   if (token.kind != ttNext) throw CompileException("@Compile_Err_For_Without_Next@");
   token = GenNextList(token);
   AddStatementBegin();
@@ -71,7 +71,7 @@ TToken TCompiler::GenFor(const TToken& first) {
 
 // Everything in front of the body. Limit and step are code and not values: they run again in each
 // round, and the step's stands twice.
-TToken TCompiler::GenForHead(const TToken&, const std::string& test, const std::string& loop,
+TToken TCompiler::GenForHead(const std::string& test, const std::string& loop,
                              const std::string& end) {
   AddStatementBegin();
   const int32_t start = CodeIndex();
@@ -92,20 +92,30 @@ TToken TCompiler::GenForHead(const TToken&, const std::string& test, const std::
     AddCodeLong(TVMCodeCmd::BPushInt, 1);
   }
   const std::vector<TVMCode> step = CutCodes(side);
+  AddForIncrement(var, step);
+  RegistInternalLabel(test);
+  AddCodeStr(TVMCodeCmd::BPushString, end);
+  AddForTest(var, limit, step);
+  return token;
+}
+
+// The addition is always one of doubles; the assignment converts back.
+void TCompiler::AddForIncrement(const TForVar& var, const std::vector<TVMCode>& step) {
   AddForSubscripts(var);
   AddCodeVar(TVMCodeCmd::BPushVar, var.var);
   AddForValue(var);
   AppendCodes(step);
   AddCode(TVMCodeCmd::BAddDouble);
   AddCode(TVMCodeCmd::BAssignArray);
-  RegistInternalLabel(test);
-  AddCodeStr(TVMCodeCmd::BPushString, end);
+}
+
+void TCompiler::AddForTest(const TForVar& var, const std::vector<TVMCode>& limit,
+                           const std::vector<TVMCode>& step) {
   AddForValue(var);
   AppendCodes(limit);
   AppendCodes(step);
   AddCode(TVMCodeCmd::BCmpFor);
   AddCode(TVMCodeCmd::BFJmp);
-  return token;
 }
 
 // Only constant subscripts are seen: FOR A(I)= takes I for the variable of the loop. This is meant.

@@ -47,8 +47,10 @@ void AddForSubscripts(const TForVar& var);
 void AddForValue(const TForVar& var);
 std::vector<TVMCode> CutCodes(int32_t start);
 void AppendCodes(const std::vector<TVMCode>& codes);
-TToken GenForHead(const TToken& first, const std::string& test, const std::string& loop,
-                  const std::string& end);
+void AddForIncrement(const TForVar& var, const std::vector<TVMCode>& step);
+void AddForTest(const TForVar& var, const std::vector<TVMCode>& limit,
+                const std::vector<TVMCode>& step);
+TToken GenForHead(const std::string& test, const std::string& loop, const std::string& end);
 TToken GenNextList(const TToken& next);
 
 // Traps
