@@ -16,6 +16,7 @@
 #include "common/thread.h"
 #include "common/types.h"
 #include "run/screen/file.h"
+#include "run/screen/glyph_cache.h"
 #include "run/screen/grph_page.h"
 #include "run/screen/screen_owner.h"
 #include "run/screen/screen_size.h"
@@ -32,13 +33,6 @@ struct TTxtCell {
   bool IsEmpty() const { return text[0] == EMPTY; }
   /// The cell is covered by the wide character in the cell before it.
   bool IsRightHalf() const { return text[0] == RIGHT_HALF; }
-};
-
-/// Measures of the run font, in pixels; the default is that of the default font.
-struct TFontHeight {
-  float ascent = 14;
-  float descent = 2;
-  float leading = 0;
 };
 
 /// A copy of the text screen for those who show it without pixels.
@@ -67,6 +61,9 @@ class TBasicRsrc {
   void Init();
   /// `owner` outlives this object or is taken away with null; without one nothing is asked for.
   void SetOwner(TScreenOwner* newOwner);
+  /// The run font as the settings have it; it is loaded when the first character is painted, and
+  /// gives its height then. The whole screen is marked. Host's thread.
+  void SetFontFamilyAndSize(std::string_view family, float size);
   /// Stores the run font's measures and computes the baseline from them.
   void SetFontHeight(const TFontHeight& height);
 
@@ -258,6 +255,7 @@ class TBasicRsrc {
   // These want the screen mutex held.
   void InitFields();
   void CalcTxtSizeKernel();
+  void LoadFont();
   void ClearTxtKernel(int32_t fromRow, int32_t toRow);
   void ClearGrphKernel();
   void TransferKernel();
@@ -316,6 +314,7 @@ class TBasicRsrc {
   TRect modifiedRect;
   std::array<TGrphPage, PAGE_COUNT> grphBitmap;
   TFontHeight fontHeight;
+  TGlyphCache glyphs;
 
   mutable TMutex mKeyMutex{TLockRank::Leaf};
   std::deque<std::string> keyBuf;

@@ -7,6 +7,8 @@ namespace zoka {
 
 namespace {
 
+constexpr int32_t KANJI_SIZE = 16;
+
 TEllipse ellipse_of(const TPoint& center, const TPoint& radius) {
   return {static_cast<double>(center.x), static_cast<double>(center.y),
           static_cast<double>(radius.x), static_cast<double>(radius.y)};
@@ -131,16 +133,40 @@ TGrphBlock TGraphics::GetBlock(const TPoint& p1, const TPoint& p2) {
   return get_block(ActivePage(), rect_of(pixel_at(p1), pixel_at(p2)));
 }
 
-void TGraphics::PutBlock(const TPoint& p, const TGrphBlock& block, TPutMode mode) {
-  TLock lock(mRsrc.mMutex);
+void TGraphics::Put(const TPixel& at, const TGrphBlock& block, TPutMode mode) {
   uint32_t pixels[GRPH_PAL_COLORS];
   for (size_t i = 0; i < mRsrc.grphPal.size(); ++i) pixels[i] = pixel_of(mRsrc.grphPal[i]);
-  const TPixel at = pixel_at(p);
   put_block(ActivePage(), block, at, mode, pixels);
+}
+
+void TGraphics::PutBlock(const TPoint& p, const TGrphBlock& block, TPutMode mode) {
+  TLock lock(mRsrc.mMutex);
+  const TPixel at = pixel_at(p);
+  Put(at, block, mode);
   const double right = static_cast<double>(at.x) + static_cast<double>(block.width) - 1;
   const double bottom = static_cast<double>(at.y) + static_cast<double>(block.height) - 1;
-  const TRect touched{at.x, at.y, pixel_coord(right), pixel_coord(bottom)};
-  Done(touched, p);
+  Done({at.x, at.y, pixel_coord(right), pixel_coord(bottom)}, p);
+}
+
+void TGraphics::PutKanji(const TPoint& p, std::string_view utf8, TPutMode mode, int8_t fore,
+                         int8_t back) {
+  TLock lock(mRsrc.mMutex);
+  mRsrc.LoadFont();
+  const TGlyph& glyph = mRsrc.glyphs.Glyph(utf8);
+  const int32_t top = static_cast<int32_t>(std::floor(mRsrc.fontHeight.ascent + 0.5f)) + glyph.top;
+  TGrphBlock block{KANJI_SIZE, KANJI_SIZE, 0, 0, KANJI_SIZE, KANJI_SIZE, {}};
+  for (int32_t y = 0; y < KANJI_SIZE; ++y) {
+    const size_t row = static_cast<size_t>(y - top);
+    const uint32_t bits = y >= top && row < glyph.rows.size() ? glyph.rows[row] : 0;
+    for (int32_t x = 0; x < KANJI_SIZE; ++x) {
+      block.pixels.push_back(static_cast<uint8_t>(bits << x & 0x80000000u ? fore : back));
+    }
+  }
+  const TPixel at = pixel_at(p);
+  Put(at, block, mode);
+  Done(rect_of(at, {pixel_coord(static_cast<double>(at.x) + KANJI_SIZE),
+                    pixel_coord(static_cast<double>(at.y) + KANJI_SIZE)}),
+       p);
 }
 
 void TGraphics::Roll(int32_t v, int32_t h, int8_t fill) {

@@ -58,6 +58,9 @@ class TGraphics {
   TGrphBlock GetBlock(const TPoint& p1, const TPoint& p2);
   /// PUT@ with its upper left corner at `p`.
   void PutBlock(const TPoint& p, const TGrphBlock& block, TPutMode mode);
+  /// PUT@ KANJI: the glyph of the character that `utf8` begins with (blank if there is none) as a
+  /// picture of 16 by 16 pixels of the two colours.
+  void PutKanji(const TPoint& p, std::string_view utf8, TPutMode mode, int8_t fore, int8_t back);
   /// ROLL: the picture moves up by `v` and left by `h`, over all 400 rows in every mode; what opens
   /// takes the colour `fill`.
   void Roll(int32_t v, int32_t h, int8_t fill);
@@ -68,6 +71,7 @@ class TGraphics {
   /// Marks and remembers; the screen mutex is held.
   void Done(const TRect& touched, const TPoint& newLastPoint);
   TGrphPage& ActivePage();
+  void Put(const TPixel& at, const TGrphBlock& block, TPutMode mode);
 
   TBasicRsrc& mRsrc;
   TFloodFill mFloodFill;

@@ -75,6 +75,18 @@ void TBasicRsrc::CalcTxtSizeKernel() {
   txtBaseline = (static_cast<float>(cellHeight) - used) * 0.5f + fontHeight.ascent;
 }
 
+void TBasicRsrc::SetFontFamilyAndSize(std::string_view family, float size) {
+  TLock lock(mMutex);
+  glyphs.SetFontFamilyAndSize(family, size);
+  MarkKernel({0, 0, SCREEN_WIDTH, SCREEN_HEIGHT});
+}
+
+void TBasicRsrc::LoadFont() {
+  if (glyphs.IsLoaded()) return;
+  fontHeight = glyphs.Height();
+  CalcTxtSizeKernel();
+}
+
 void TBasicRsrc::SetFontHeight(const TFontHeight& height) {
   TLock lock(mMutex);
   fontHeight = height;
