@@ -16,6 +16,7 @@
 #include "common/thread.h"
 #include "common/types.h"
 #include "run/screen/file.h"
+#include "run/screen/flood_fill.h"
 #include "run/screen/glyph_cache.h"
 #include "run/screen/grph_page.h"
 #include "run/screen/screen_owner.h"
@@ -315,6 +316,7 @@ class TBasicRsrc {
   std::array<TGrphPage, PAGE_COUNT> grphBitmap;
   TFontHeight fontHeight;
   TGlyphCache glyphs;
+  TFloodFill mFloodFill;
 
   mutable TMutex mKeyMutex{TLockRank::Leaf};
   std::deque<std::string> keyBuf;

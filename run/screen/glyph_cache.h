@@ -10,6 +10,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "app/settings/prefs.h"
+
 namespace zoka {
 
 /// Measures of the run font, in pixels; the default is that of the default font.
@@ -19,7 +21,7 @@ struct TFontHeight {
   float leading = 0;
 };
 
-constexpr const char DEFAULT_RUN_FONT[] = "Unifont-JP";
+/// The run font's size in fresh settings.
 constexpr float DEFAULT_RUN_FONT_SIZE = 14;
 
 /// A glyph as bit rows.

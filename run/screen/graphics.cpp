@@ -122,8 +122,8 @@ void TGraphics::FillArc(const TPoint& center, const TPoint& radius, int8_t color
 void TGraphics::Paint(const TPoint& p, int8_t color, int8_t border) {
   TLock lock(mRsrc.mMutex);
   const TPixel start = pixel_at(p);
-  const TRect box = mFloodFill.Fill(ActivePage(), mRsrc.PenOf(color), static_cast<uint8_t>(border),
-                                    start.x, start.y);
+  const TRect box = mRsrc.mFloodFill.Fill(ActivePage(), mRsrc.PenOf(color),
+                                          static_cast<uint8_t>(border), start.x, start.y);
   Done(box, p);
 }
 

@@ -8,7 +8,6 @@
 
 #include "common/types.h"
 #include "run/screen/basic_rsrc.h"
-#include "run/screen/flood_fill.h"
 #include "run/screen/grph_block.h"
 #include "run/screen/raster.h"
 
@@ -30,7 +29,7 @@ struct TArcOperands {
 /// Coordinates are graphic rows and columns of the active page and may be anything, also fractions,
 /// infinities and no numbers: they are rounded by floor(v + .5) and cut to the page. Colours are
 /// bytes: the index plane stores them as they are, the real plane their palette entry modulo 16.
-/// Machine's thread.
+/// Machine's thread. Costs nothing to make: all state is the screen's.
 class TGraphics {
  public:
   explicit TGraphics(TBasicRsrc& rsrc) : mRsrc(rsrc) {}
@@ -74,7 +73,6 @@ class TGraphics {
   void Put(const TPixel& at, const TGrphBlock& block, TPutMode mode);
 
   TBasicRsrc& mRsrc;
-  TFloodFill mFloodFill;
 };
 
 }  // namespace zoka

@@ -77,27 +77,32 @@ inline int64_t advance(TWalk& walk) {
   return under - over;
 }
 
-/// All of the walk lies on the page. `Up` is the sign of the slope, so that the loop has one test.
-template <bool Up>
-void walk_inside(TGrphPage& page, const TPen& pen, const TAxis& major, const TAxis& minor,
-                 const TWalk& walk) {
-  const ptrdiff_t offset = walk.first * major.pitch + walk.minor * minor.pitch;
-  uint8_t* index = page.IndexRow(0) + offset;
-  uint32_t* real = page.RealRow(0) + offset;
-  const ptrdiff_t along = major.pitch;
-  const ptrdiff_t across = Up ? -minor.pitch : minor.pitch;
-  const int64_t step = walk.step;
-  const int64_t full = walk.full;
-  int64_t rest = walk.rest;
-  for (int64_t count = walk.last - walk.first; count >= 0; --count) {
-    *index = pen.index;
-    *real = pen.real;
-    rest += step;
-    const int64_t crossed = -static_cast<int64_t>(Up ? rest < 0 : rest >= full);
-    rest += Up ? full & crossed : -(full & crossed);
-    const ptrdiff_t move = along + (across & crossed);
-    index += move;
-    real += move;
+/// Bits of a fraction that take the place of a division in near lines.
+constexpr int32_t FRACTION_BITS = 40;
+/// Below this 2d, the rounded steps over a page's width cannot add up to the next 1 / 2d: what is
+/// above the true fraction stays below the next possible one, so the whole part is exact.
+constexpr int64_t NEAR_FULL = 1 << 20;
+
+constexpr int64_t fraction_of(int64_t part, int64_t whole) {
+  return -floor_div(-(part * (int64_t{1} << FRACTION_BITS)), whole);
+}
+
+/// All of a near line's walk lies on the page.
+template <ptrdiff_t ALONG, ptrdiff_t ACROSS>
+void walk_inside(TGrphPage& page, const TPen& pen, const TWalk& walk) {
+  const ptrdiff_t start = walk.first * ALONG + walk.minor * ACROSS;
+  uint8_t* const index = page.IndexRow(0) + start;
+  uint32_t* const real = page.RealRow(0) + start;
+  const uint8_t indexPen = pen.index;
+  const uint32_t realPen = pen.real;
+  const int64_t step = fraction_of(walk.step, walk.full);
+  const ptrdiff_t count = walk.last - walk.first;
+  int64_t minor = fraction_of(walk.rest, walk.full);
+  for (ptrdiff_t i = 0; i <= count; ++i) {
+    const ptrdiff_t offset = i * ALONG + static_cast<ptrdiff_t>(minor >> FRACTION_BITS) * ACROSS;
+    index[offset] = indexPen;
+    real[offset] = realPen;
+    minor += step;
   }
 }
 
@@ -122,12 +127,13 @@ void draw_sloped(TGrphPage& page, const TPen& pen, TAxis major, TAxis minor) {
   if (std::max(minor.from, minor.to) < 0 || std::min(minor.from, minor.to) >= minor.size) return;
   const TWalk walk = begin_walk(major, minor);
   const int64_t end = last_minor(walk);
-  if (std::min(walk.minor, end) < 0 || std::max(walk.minor, end) >= minor.size) {
+  const bool isInside = std::min(walk.minor, end) >= 0 && std::max(walk.minor, end) < minor.size;
+  if (!isInside || walk.full >= NEAR_FULL) {
     walk_clipped(page, pen, major, minor, walk);
-  } else if (walk.step < 0) {
-    walk_inside<true>(page, pen, major, minor, walk);
+  } else if (major.pitch == 1) {
+    walk_inside<1, SCREEN_WIDTH>(page, pen, walk);
   } else {
-    walk_inside<false>(page, pen, major, minor, walk);
+    walk_inside<SCREEN_WIDTH, 1>(page, pen, walk);
   }
 }
 
