@@ -10,11 +10,16 @@ namespace {
 // Time for the last note to die away and for the device to play what it holds.
 constexpr bigtime_t TAIL = 1000000;
 
+// How long a device may take to get going, and how often it is looked at.
+constexpr bigtime_t START_LIMIT = 3000000;
+constexpr bigtime_t START_POLL = 5000;
+
 }  // namespace
 
 TPlayOutputs::TPlayOutputs(TClock& clock, TMidiLocalProducer& producer,
                            const TPlayOutputOptions& options)
-    : mProducer(producer),
+    : mClock(clock),
+      mProducer(producer),
       mOptions(options),
       mRecorder(clock.system_time()),
       mRecording(!options.midiPath.empty() || !options.wavPath.empty()) {
@@ -34,7 +39,10 @@ TPlayOutputs::~TPlayOutputs() {
 }
 
 void TPlayOutputs::OpenDevice() {
-  if (mSynth) mSynth->Open();
+  if (!mSynth || !mSynth->Open()) return;
+  TWake wake(mClock);
+  const bigtime_t end = mClock.system_time() + START_LIMIT;
+  while (!mSynth->IsRunning() && mClock.system_time() < end) mClock.snooze(START_POLL, wake);
 }
 
 bigtime_t TPlayOutputs::Tail() const {

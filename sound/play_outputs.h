@@ -32,8 +32,8 @@ class TPlayOutputs {
   TPlayOutputs(const TPlayOutputs&) = delete;
   TPlayOutputs& operator=(const TPlayOutputs&) = delete;
 
-  /// Opens the sound device now, which takes a while, if the options let music sound. Without this
-  /// the first note opens it, and may come late.
+  /// Opens the sound device now and waits until it runs, if the options let music sound. Without
+  /// this the first note opens it, and may come late.
   void OpenDevice();
 
   /// How long the loudspeaker goes on after the last event's time; 0 if nothing sounds.
@@ -43,6 +43,7 @@ class TPlayOutputs {
   std::vector<std::string> Finish();
 
  private:
+  TClock& mClock;
   TMidiLocalProducer& mProducer;
   const TPlayOutputOptions mOptions;
   TMidiRecorder mRecorder;

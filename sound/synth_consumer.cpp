@@ -21,6 +21,11 @@ constexpr bigtime_t MAX_UNPLAYED = 100000;
 constexpr bigtime_t PUMP_SPAN = SECOND / 50;
 constexpr int64_t TAIL_FRAMES = int64_t{SYNTH_RATE} * 3;
 
+// What a device holds: enough that a busy machine does not interrupt the sound, and no more than is
+// heard as late.
+constexpr int DEVICE_FRAMES = 512;
+constexpr int DEVICE_BLOCKS = 4;
+
 constexpr int32_t OPENER_PRIORITY = 15;
 
 constexpr const char* DRIVERS[] = {"pulseaudio", "alsa"};
@@ -158,6 +163,8 @@ bool TSynthConsumer::OpenDriver(const char* name) {
   if (!mDriverSettings) return false;
   api.fluid_settings_setstr(mDriverSettings, "audio.driver", name);
   api.fluid_settings_setnum(mDriverSettings, "synth.sample-rate", SYNTH_RATE);
+  api.fluid_settings_setint(mDriverSettings, "audio.period-size", DEVICE_FRAMES);
+  api.fluid_settings_setint(mDriverSettings, "audio.periods", DEVICE_BLOCKS);
   mDriver = api.new_fluid_audio_driver2(mDriverSettings, Callback, this);
   if (mDriver) return true;
   api.delete_fluid_settings(mDriverSettings);
@@ -167,7 +174,8 @@ bool TSynthConsumer::OpenDriver(const char* name) {
 
 int TSynthConsumer::Callback(void* self, int frames, int, float*[], int sides, float* side[]) {
   if (sides < 2 || frames <= 0) return 0;
-  const auto* consumer = static_cast<TSynthConsumer*>(self);
+  auto* consumer = static_cast<TSynthConsumer*>(self);
+  if (consumer->mBlocks < RUNNING_BLOCKS) ++consumer->mBlocks;
   consumer->mPlayer->Render(side[0], side[1], static_cast<size_t>(frames));
   return 0;
 }

@@ -93,8 +93,12 @@ class TSynthConsumer final : public TMidiConsumer {
   /// device.
   bool Open();
   bool HasDevice() const { return mHasDevice; }
+  /// True once the device takes samples steadily; some take a second or two to get going.
+  bool IsRunning() const { return mBlocks >= RUNNING_BLOCKS; }
 
  private:
+  static constexpr int RUNNING_BLOCKS = 4;
+
   class TOpener;
   enum class TState : uint8_t { Closed, Opening, Playing, Dead };
 
@@ -110,6 +114,7 @@ class TSynthConsumer final : public TMidiConsumer {
   std::mutex mOpenLock;  // held while libraries are loaded, far longer than our own locks
   std::atomic<TState> mState{TState::Closed};
   std::atomic<bool> mHasDevice{false};
+  std::atomic<int> mBlocks{0};  // taken by the device, up to RUNNING_BLOCKS
   std::unique_ptr<TSynthPlayer> mPlayer;
   fluid_settings_t* mDriverSettings = nullptr;
   fluid_audio_driver_t* mDriver = nullptr;
