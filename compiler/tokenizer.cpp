@@ -12,9 +12,11 @@
 namespace zoka {
 namespace {
 
+/// What may stand in a word besides letters and digits, type suffixes at any place among them.
+constexpr std::string_view WORD_SIGNS = "_.@%!#$";
+
 bool is_word_char(char c) {
-  constexpr std::string_view SIGNS = "_.@%!#$";
-  return is_letter(c) || is_digit(c) || SIGNS.find(c) != std::string_view::npos;
+  return is_letter(c) || is_digit(c) || WORD_SIGNS.find(c) != std::string_view::npos;
 }
 
 bool is_kanji_byte(char c) {

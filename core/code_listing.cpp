@@ -25,12 +25,14 @@ void append_real(std::string* out, double value) {
   out->append(buffer, result.ptr);
 }
 
+/// Control characters that have a short escape, and its letter.
+constexpr std::string_view ESCAPED_CONTROLS = "\a\b\t\n\v\f\r";
+constexpr std::string_view ESCAPE_LETTERS = "abtnvfr";
+
 /// The letter of a control character's short escape, 0 if it has none.
 char escape_letter(char c) {
-  constexpr std::string_view CONTROLS = "\a\b\t\n\v\f\r";
-  constexpr std::string_view LETTERS = "abtnvfr";
-  const size_t place = CONTROLS.find(c);
-  return place == std::string_view::npos ? '\0' : LETTERS[place];
+  const size_t place = ESCAPED_CONTROLS.find(c);
+  return place == std::string_view::npos ? '\0' : ESCAPE_LETTERS[place];
 }
 
 void append_escaped(std::string* out, char c) {

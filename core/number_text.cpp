@@ -8,6 +8,9 @@
 namespace zoka {
 namespace {
 
+/// One beyond the greatest 32-bit integer; negated, the least.
+constexpr int64_t LONG_LIMIT = int64_t{1} << 31;
+
 /// Takes white space and a sign off; true if the sign is a minus.
 bool take_sign(std::string_view* text) {
   const auto begin = std::find_if_not(text->begin(), text->end(), is_space);
@@ -38,12 +41,11 @@ bool is_overflow(std::string_view digits) {
 
 int32_t leading_long(std::string_view text) {
   const bool negative = take_sign(&text);
-  constexpr int64_t LIMIT = int64_t{1} << 31;
   int64_t value = 0;
   for (size_t i = 0; i < text.size() && is_digit(text[i]); ++i) {
-    value = std::min(value * 10 + (text[i] - '0'), LIMIT);
+    value = std::min(value * 10 + (text[i] - '0'), LONG_LIMIT);
   }
-  return static_cast<int32_t>(negative ? -value : std::min(value, LIMIT - 1));
+  return static_cast<int32_t>(negative ? -value : std::min(value, LONG_LIMIT - 1));
 }
 
 double leading_double(std::string_view text) {
