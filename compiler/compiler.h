@@ -180,6 +180,8 @@ class TCompiler {
   TToken GenProcDealToken(const TToken& keyword, int32_t min, int32_t max, const TArgSpec& spec,
                           std::vector<TToken>* args);
 
+  // The members' includes have an order of their own.
+  // clang-format off
   // --- statements: one generator a keyword row (statements_*.cpp)
   TToken GenProcMissing(const TToken& first);
 #define ZOKA_STATEMENT_GENERATOR(generator) TToken GenProc##generator(const TToken& first);
@@ -191,6 +193,7 @@ class TCompiler {
   TToken GenFunc##generator(const TToken& first, TTokenKind* kind);
 #include "compiler/generators.def"
 #include "compiler/function_helpers.h"  // those that hold the work
+  // clang-format on
 
   static const TProc* ProcTable();
   static const TFunc* FuncTable();

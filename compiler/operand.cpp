@@ -124,10 +124,7 @@ TToken TCompiler::GenMultiExpr(const TToken& first, int32_t* count, TTokenKind* 
     }
     previous = trailing = ttNone;
     TTokenKind kind = ttVoid;
-    const int64_t begin = mTokenBegin;
-    token = GenExpr(token, false, &kind);
-    // A token that no expression begins with would be looked at for ever.
-    if (mTokenBegin == begin) throw CompileException(KEY_SYNTAX_ERR);
+    token = GenListExpr(token, &kind);
     ++*count;
   }
   if (lastDelim != nullptr) *lastDelim = trailing;
