@@ -13,7 +13,7 @@ class TTextBlock;
 /// Number of an operation. The values lie in 0 to 65535 and are fixed.
 enum class TVMCodeCmd : uint32_t {
   Sentinel = 0,
-#define ZOKA_OPERATION(number, name, handler, kind, operand, stack, meaning) name = (number),
+#define ZOKA_OPERATION(number, name, handler, kind, operand, stack, meaning) name = number,
 #include "core/operations.def"
 };
 
@@ -67,12 +67,12 @@ class TVMCode {
   template <typename T>
   T Get() const {
     T value;
-    std::memcpy(&value, mOperand, sizeof value);
+    std::memcpy(&value, mOperand, sizeof(T));
     return value;
   }
   template <typename T>
   TVMCode& Set(T value) {
-    std::memcpy(mOperand, &value, sizeof value);
+    std::memcpy(mOperand, &value, sizeof(T));
     return *this;
   }
 

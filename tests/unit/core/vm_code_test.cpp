@@ -120,45 +120,45 @@ struct TExpectedRow {
   TOperandKind operand;
 };
 
-class OperationRow : public testing::TestWithParam<TExpectedRow> {};
+constexpr TExpectedRow EXPECTED[] = {
+    {0x1050, "BCmpFor", TOperandKind::None},
+    {0x1051, "BPushInt", TOperandKind::Long},
+    {0x1052, "BPushFloat", TOperandKind::Float},
+    {0x1053, "BPushDouble", TOperandKind::Double},
+    {0x1054, "BPushString", TOperandKind::Str},
+    {0x1055, "BPushBool", TOperandKind::Bool},
+    {0x1056, "BPushVar", TOperandKind::Var},
+    {0x1058, "BPushSpecial", TOperandKind::Long},
+    {0x1059, "BPushAbbrev", TOperandKind::None},
+    {0x105B, "BCall", TOperandKind::None},
+    {0x105C, "BRet", TOperandKind::Bool},
+    {0x105D, "BExit", TOperandKind::None},
+    {0x105E, "BJmp", TOperandKind::None},
+    {0x105F, "BTJmp", TOperandKind::None},
+    {0x1060, "BFJmp", TOperandKind::None},
+    {0x1061, "BLoadArray", TOperandKind::Var},
+    {0x1062, "BAssignArray", TOperandKind::None},
+    {0x1063, "BLineBegin", TOperandKind::Long},
+    {0x1064, "BUpdateScreen", TOperandKind::None},
+    {0x1065, "BCallUserFunc", TOperandKind::Str},
+    {0x1066, "BLoadUserFuncParam", TOperandKind::Long},
+    {0x1067, "BRetFromUserFunc", TOperandKind::None},
+    {0x91, "Data", TOperandKind::Str},
+    {0xC0, "Print", TOperandKind::Bool},
+    {0x1099, "OnGosubGoto", TOperandKind::Long},
+    {0x109A, "OnGosubGoto", TOperandKind::Long},
+    {0x109C, "XSleep", TOperandKind::None},
+    {0xFFCD, "KacnvDl", TOperandKind::None},
+};
 
-TEST_P(OperationRow, HasNameAndOperand) {
-  const TOperationRow* row = row_of(GetParam().number);
-  ASSERT_NE(row, nullptr);
-  EXPECT_STREQ(row->name, GetParam().name);
-  EXPECT_EQ(row->operand, GetParam().operand);
+TEST(Operations, NamesAndOperands) {
+  for (const TExpectedRow& expected : EXPECTED) {
+    const TOperationRow* row = row_of(expected.number);
+    ASSERT_NE(row, nullptr) << expected.name;
+    EXPECT_STREQ(row->name, expected.name);
+    EXPECT_EQ(row->operand, expected.operand) << expected.name;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Operations, OperationRow,
-    testing::Values(TExpectedRow{0x1050, "BCmpFor", TOperandKind::None},
-                    TExpectedRow{0x1051, "BPushInt", TOperandKind::Long},
-                    TExpectedRow{0x1052, "BPushFloat", TOperandKind::Float},
-                    TExpectedRow{0x1053, "BPushDouble", TOperandKind::Double},
-                    TExpectedRow{0x1054, "BPushString", TOperandKind::Str},
-                    TExpectedRow{0x1055, "BPushBool", TOperandKind::Bool},
-                    TExpectedRow{0x1056, "BPushVar", TOperandKind::Var},
-                    TExpectedRow{0x1058, "BPushSpecial", TOperandKind::Long},
-                    TExpectedRow{0x1059, "BPushAbbrev", TOperandKind::None},
-                    TExpectedRow{0x105B, "BCall", TOperandKind::None},
-                    TExpectedRow{0x105C, "BRet", TOperandKind::Bool},
-                    TExpectedRow{0x105D, "BExit", TOperandKind::None},
-                    TExpectedRow{0x105E, "BJmp", TOperandKind::None},
-                    TExpectedRow{0x105F, "BTJmp", TOperandKind::None},
-                    TExpectedRow{0x1060, "BFJmp", TOperandKind::None},
-                    TExpectedRow{0x1061, "BLoadArray", TOperandKind::Var},
-                    TExpectedRow{0x1062, "BAssignArray", TOperandKind::None},
-                    TExpectedRow{0x1063, "BLineBegin", TOperandKind::Long},
-                    TExpectedRow{0x1064, "BUpdateScreen", TOperandKind::None},
-                    TExpectedRow{0x1065, "BCallUserFunc", TOperandKind::Str},
-                    TExpectedRow{0x1066, "BLoadUserFuncParam", TOperandKind::Long},
-                    TExpectedRow{0x1067, "BRetFromUserFunc", TOperandKind::None},
-                    TExpectedRow{0x91, "Data", TOperandKind::Str},
-                    TExpectedRow{0xC0, "Print", TOperandKind::Bool},
-                    TExpectedRow{0x1099, "OnGosubGoto", TOperandKind::Long},
-                    TExpectedRow{0x109A, "OnGosubGoto", TOperandKind::Long},
-                    TExpectedRow{0x109C, "XSleep", TOperandKind::None},
-                    TExpectedRow{0xFFCD, "KacnvDl", TOperandKind::None}));
 
 }  // namespace
 }  // namespace zoka
