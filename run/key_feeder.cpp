@@ -298,8 +298,8 @@ void TKeyFeeder::StartWait(bigtime_t delay) {
       [this] {
         {
           TLock lock(mMutex);
+          if (mTimer == 0) mWaitOver = true;  // its number is not known yet
           mTimer = 0;
-          mWaitOver = true;
         }
         Pump();
       },

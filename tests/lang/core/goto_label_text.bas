@@ -1,0 +1,3 @@
+10 GOTO "X"
+20 END
+30 *X:PRINT 1

@@ -1,0 +1,2 @@
+10 IF 0 THEN GOTO 999
+20 PRINT "on"

@@ -1,0 +1,3 @@
+10 ON 3 GOTO 100,100
+20 PRINT "through":END
+100 PRINT "jumped"

@@ -1,0 +1,3 @@
+10 RUN 30
+20 PRINT "no"
+30 PRINT "yes"

@@ -1,0 +1,1 @@
+10 A$="1":IF A$ THEN PRINT "A" ELSE PRINT "B"

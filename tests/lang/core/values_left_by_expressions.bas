@@ -1,0 +1,2 @@
+10 FOR I=1 TO 3:I:NEXT
+20 PRINT "on"

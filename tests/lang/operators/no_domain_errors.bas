@@ -1,0 +1,1 @@
+10 A=SQR(-1):B=LOG(-1):C=LOG(0):PRINT "on"

@@ -1,0 +1,1 @@
+10 PRINT LEN(CHR$(0)+"B")

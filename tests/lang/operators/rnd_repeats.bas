@@ -1,0 +1,1 @@
+10 A=RND(1):PRINT RND(0)=A;RND(-1)=A

@@ -1,0 +1,1 @@
+10 A$="ab":A$=A$+A$:A$=A$:PRINT A$

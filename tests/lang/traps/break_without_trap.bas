@@ -1,0 +1,2 @@
+10 SLEEP 1000
+20 PRINT "no"

@@ -1,0 +1,1 @@
+10 KEY 1,"ab":A$=INPUT$(2):PRINT A$

@@ -1,0 +1,3 @@
+10 KEY(1) ON
+20 SLEEP 1000
+30 PRINT "end"

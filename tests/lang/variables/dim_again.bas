@@ -1,0 +1,1 @@
+10 DIM A(3):A(1)=7:DIM A(3):PRINT A(1)

@@ -1,0 +1,1 @@
+10 A=5:DIM A(3):PRINT A

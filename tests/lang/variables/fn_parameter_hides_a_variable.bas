@@ -1,0 +1,1 @@
+10 X=5:DEF FNA(X)=X:PRINT FNA(1);X

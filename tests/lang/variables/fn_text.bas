@@ -1,0 +1,2 @@
+10 DEF FNA$(X$)=X$+"!"
+20 A$="hey":PRINT FNA$(A$+"o")

@@ -1,0 +1,1 @@
+10 DEF FNA(X)=X*2:PRINT FNA("S")

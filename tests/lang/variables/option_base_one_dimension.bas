@@ -1,0 +1,2 @@
+10 OPTION BASE 1
+20 DIM A(3):A(0)=1

@@ -1,0 +1,1 @@
+10 OPTION BASE 1:DIM A(2,2):A(1,0)=1:PRINT "on"

@@ -1,0 +1,2 @@
+10 READ A%,B%,C%,D%:PRINT A%;B%;C%;D%
+20 DATA 1E3,3.7,&HFF,&O17

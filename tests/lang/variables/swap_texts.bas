@@ -1,0 +1,1 @@
+10 A$="a":B$="b":SWAP A$,B$:PRINT A$;B$
