@@ -1,7 +1,7 @@
 // The tests of single tokens, and the making of a compile fault.
 #include "compiler/compiler.h"
 #include "compiler/error_keys.h"
-#include "core/number_text.h"
+#include "common/text/number.h"
 
 namespace zoka {
 
@@ -9,7 +9,7 @@ TException TCompiler::CompileException(std::string_view key,
                                        std::vector<TException::TArgument> arguments) const {
   TException fault;
   fault.fault = TFault::Compile;
-  fault.ID = static_cast<uint32_t>(leading_long(mLineText));
+  fault.ID = static_cast<uint32_t>(parse_long(mLineText));
   fault.key = key;
   fault.arguments = std::move(arguments);
   fault.lineText = mLineText;

@@ -8,7 +8,8 @@
 #include "app/settings/prefs.h"
 #include "app/settings/show_alert.h"
 #include "compiler/error_keys.h"
-#include "core/number_text.h"
+#include "common/text/ascii.h"
+#include "common/text/number.h"
 
 namespace zoka {
 namespace {
@@ -85,7 +86,7 @@ TToken TCompiler::CompileBlock(const TToken& first) {
 
 TToken TCompiler::ParseLineNum(const TToken& first) {
   const bool isBlank = first.kind == ttEol || first.kind == ttEof;
-  const int32_t line = leading_long(first.text);
+  const int32_t line = parse_long(first.text);
   if (!isBlank) {
     // A line feed is no white space here: a line needs more than its number.
     const char behind = mSource[mPos];

@@ -3,7 +3,7 @@
 // found when the program runs.
 #include "compiler/compiler.h"
 #include "compiler/error_keys.h"
-#include "core/number_text.h"
+#include "common/text/number.h"
 
 namespace zoka {
 namespace {
@@ -93,16 +93,16 @@ void TCompiler::GenLiteral(TToken* token, bool* lvalue, bool* forceType, bool as
 void TCompiler::AddLiteral(const TToken& literal) {
   switch (literal.kind) {
     case ttSng:
-      AddCodeFloat(TVMCodeCmd::BPushFloat, static_cast<float>(leading_double(literal.text)));
+      AddCodeFloat(TVMCodeCmd::BPushFloat, static_cast<float>(parse_double(literal.text)));
       break;
     case ttDbl:
-      AddCodeDouble(TVMCodeCmd::BPushDouble, leading_double(literal.text));
+      AddCodeDouble(TVMCodeCmd::BPushDouble, parse_double(literal.text));
       break;
     case ttStr:
       AddCodeStr(TVMCodeCmd::BPushString, literal.text);
       break;
     default:
-      AddCodeLong(TVMCodeCmd::BPushInt, leading_long(literal.text));
+      AddCodeLong(TVMCodeCmd::BPushInt, parse_long(literal.text));
       break;
   }
 }

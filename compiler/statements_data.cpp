@@ -1,7 +1,7 @@
 // Statements of variables and data: LET, DIM, SWAP, READ, DATA, the DEF family, OPTION BASE.
 #include "compiler/compiler.h"
 #include "compiler/error_keys.h"
-#include "core/number_text.h"
+#include "common/text/ascii.h"
 
 namespace zoka {
 

@@ -2,7 +2,7 @@
 // the files.
 #include "compiler/compiler.h"
 #include "compiler/error_keys.h"
-#include "core/number_text.h"
+#include "common/text/number.h"
 
 namespace zoka {
 namespace {
@@ -53,7 +53,7 @@ TToken TCompiler::GenProcPrintWrite(const TToken&, TVMCodeCmd cmd) {
     return GenProcPrintUsing(token);
   }
   const bool toFile = token.kind == ttSharpInt;
-  const int32_t number = toFile ? leading_long(token.text) : 0;
+  const int32_t number = toFile ? parse_long(token.text) : 0;
   const int32_t* file = toFile ? &number : nullptr;
   if (toFile) {
     cmd = print ? TVMCodeCmd::PrintSh : TVMCodeCmd::WriteSh;
@@ -124,7 +124,7 @@ TToken TCompiler::GenProcInputFamily(const TToken&, bool isLine) {
   if (token.kind == ttSharpInt) {
     if (form == INPUT_WAIT) throw CompileException(KEY_SYNTAX_ERR);
     form = INPUT_FILE;
-    AddCodeLong(TVMCodeCmd::BPushInt, leading_long(token.text));
+    AddCodeLong(TVMCodeCmd::BPushInt, parse_long(token.text));
     CheckComma(Token());
     token = Token();
   }

@@ -4,7 +4,7 @@
 
 #include "compiler/compiler.h"
 #include "compiler/error_keys.h"
-#include "core/number_text.h"
+#include "common/text/ascii.h"
 
 namespace zoka {
 namespace {

@@ -14,8 +14,8 @@ namespace zoka {
 enum class TTerminalRequest : uint8_t { None, Suspend };
 
 /// Takes the keys off the front of `*bytes`. An unfinished character or sequence stays there; with
-/// `isComplete` nothing more is on its way, so that a lone ESC is the Escape key. Ctrl+C is the break
-/// key; Ctrl+Z yields Suspend and the keys before it.
+/// `isComplete` nothing more is on its way, so that a lone ESC is the Escape key. Ctrl+C is the
+/// break key; Ctrl+Z yields Suspend and the keys before it.
 TTerminalRequest terminal_keys(std::string* bytes, bool isComplete, std::deque<TFeedItem>* keys);
 
 }  // namespace zoka

@@ -1,5 +1,5 @@
-// The simulated text screen as a terminal shows it: what has changed since the last look, in control
-// sequences. Pure: snapshots in, bytes out.
+// The simulated text screen as a terminal shows it: what has changed since the last look, in
+// control sequences. Pure: snapshots in, bytes out.
 #pragma once
 
 #include <string>

@@ -7,6 +7,7 @@
 #include "app/settings/show_alert.h"
 #include "common/file_path.h"
 #include "common/file_save.h"
+#include "common/text/ascii.h"
 #include "common/text/number.h"
 
 namespace zoka {
@@ -14,14 +15,6 @@ namespace {
 
 /// Behind the name of something that is under way.
 constexpr const char FUC_ELLIPSES[] = "…";
-
-char ascii_upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-
-std::string upper_case(std::string_view text) {
-  std::string upper(text);
-  for (char& c : upper) c = ascii_upper(c);
-  return upper;
-}
 
 }  // namespace
 
@@ -56,12 +49,12 @@ TDocumentState next_document_state(TDocumentState state, TDocumentEvent event) {
 
 void add_run_start(std::string_view text, TMessage* message) {
   if (text.empty()) return;
-  if (text[0] >= '0' && text[0] <= '9') {
+  if (is_digit(text[0])) {
     message->AddInt32("LineNum", parse_long(text));
   } else if (text[0] == '*') {
-    message->AddString("Label", upper_case(text.substr(1)));
+    message->AddString("Label", to_upper(text.substr(1)));
   } else {
-    message->AddString("Label", upper_case(text));
+    message->AddString("Label", to_upper(text));
   }
 }
 

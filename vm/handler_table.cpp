@@ -2,23 +2,9 @@
 #include <vector>
 
 #include "vm/handlers.h"
-#include "vm/not_yet.h"
 #include "vm/vmachine.h"
 
 namespace zoka {
-
-TException not_yet(TVMachine& m, const TVMCode* code) {
-  const TOperationRow* row = find_operation(code->Cmd());
-  return m.RuntimeException2("@Runtime_Err_Not_Yet %Statement%@",
-                             {{"%Statement%", row != nullptr ? row->name : ""}});
-}
-
-#define ZOKA_PENDING(handler)                                 \
-  void ExeBasic##handler(TVMachine& m, const TVMCode* code) { \
-    throw not_yet(m, code);                                   \
-  }
-#include "vm/pending_operations.def"
-#undef ZOKA_PENDING
 
 namespace {
 

@@ -2,9 +2,11 @@
 // drawing operations of the active page.
 #include "run/screen/graphics.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "vm/handlers.h"
+#include "vm/kana_convert.h"
 #include "vm/vmachine.h"
 
 namespace zoka {
@@ -174,6 +176,14 @@ TPutMode pop_put_mode(TVMachine& m, int32_t count) {
   return static_cast<TPutMode>(mode);
 }
 
+/// Pops a colour of PUT@ KANJI; one that was left out is `standard`.
+int8_t pop_kanji_color(TVMachine& m, int8_t standard) {
+  if (drop_if_omitted(m)) return standard;
+  int32_t color = m.PopInt();
+  if (color < 0 || color >= GRPH_PAL_COLORS) throw bad_call(m);
+  return static_cast<int8_t>(color);
+}
+
 }  // namespace
 
 void ExeBasicPSet(TVMachine& m, const TVMCode* code) {
@@ -282,6 +292,20 @@ void ExeBasicPutAtProc1(TVMachine& m, const TVMCode* code) {
     keep_picture(var, index, picture);
   }
   TGraphics(*m.mRsrc).PutBlock(pop_point(m), *picture, mode);
+  m.mRsrc->UpdateScreen();
+}
+
+void ExeBasicPutAtProc2(TVMachine& m, const TVMCode* code) {
+  int32_t count = code->lval();
+  int8_t back = count > 2 ? pop_kanji_color(m, m.mRsrc->GrphBackColor())
+                          : m.mRsrc->GrphBackColor();
+  int8_t fore = count > 1 ? pop_kanji_color(m, m.mRsrc->GrphForeColor())
+                          : m.mRsrc->GrphForeColor();
+  TPutMode mode = pop_put_mode(m, std::min(count, 1));
+  int32_t kanji = m.PopInt();
+  TPoint p = pop_point(m);
+  std::string character = JisCodeToUtf8Char(static_cast<uint32_t>(kanji));
+  TGraphics(*m.mRsrc).PutKanji(p, character, mode, fore, back);
   m.mRsrc->UpdateScreen();
 }
 

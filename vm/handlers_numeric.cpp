@@ -1,8 +1,9 @@
 // The numeric functions, which look at their argument's kind, and the random numbers.
 #include <cmath>
 
+#include "common/text/number.h"
 #include "vm/handlers.h"
-#include "vm/not_yet.h"
+#include "vm/line_editor.h"
 #include "vm/vmachine.h"
 
 namespace zoka {
@@ -89,8 +90,15 @@ void ExeBasicRnd(TVMachine& m, const TVMCode*) {
 }
 
 void ExeBasicRandomize(TVMachine& m, const TVMCode* code) {
-  if (!code->bval()) throw not_yet(m, code);
-  m.mInputs->SeedRandom(m.PopInt());
+  if (code->bval()) {
+    m.mInputs->SeedRandom(m.PopInt());
+    return;
+  }
+  m.mRsrc->Print("Random number seed (-32768 to 32767)? ");
+  std::list<std::string> items;
+  InputFromUser(m, &items, false, nullptr);
+  // Stopped while it waited, there is no item.
+  if (!items.empty()) m.mInputs->SeedRandom(parse_long(items.front()));
 }
 
 }  // namespace zoka

@@ -6,19 +6,14 @@
 #include <limits>
 #include <system_error>
 
+#include "common/text/ascii.h"
+
 namespace zoka {
 namespace {
 
-constexpr bool is_white(char c) {
-  return c == ' ' || (c >= '\t' && c <= '\r');
-}
-constexpr bool is_digit(char c) {
-  return c >= '0' && c <= '9';
-}
-
 /// Takes white space and a sign off the front; true for a minus.
 bool take_sign(std::string_view* text) {
-  while (!text->empty() && is_white(text->front())) text->remove_prefix(1);
+  while (!text->empty() && is_space(text->front())) text->remove_prefix(1);
   if (text->empty() || (text->front() != '-' && text->front() != '+')) return false;
   const bool negative = text->front() == '-';
   text->remove_prefix(1);

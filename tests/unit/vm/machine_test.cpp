@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "tests/unit/vm/machine_rig.h"
-#include "vm/not_yet.h"
 
 namespace zoka {
 namespace {
@@ -52,15 +51,6 @@ TEST(Machine, EmptyRowsDoNothing) {
   }
   EXPECT_EQ(rig.Run(), 0);
   EXPECT_EQ(rig.Values().size(), 8u);
-}
-
-TEST(Machine, StatementsThatAreMissingYetAreNamed) {
-  TMachineRig rig;
-  const TVMCode code(TVMCodeCmd::Stop);
-  const TException fault = not_yet(rig.Machine(), &code);
-  EXPECT_EQ(fault.key, "@Runtime_Err_Not_Yet %Statement%@");
-  EXPECT_EQ(fault.arguments, (std::vector<TException::TArgument>{{"%Statement%", "Stop"}}));
-  EXPECT_EQ(rig.machine->mErrStr, "@Runtime_Err_Not_Yet Stop@ in 0");
 }
 
 TEST(Machine, PopOfAnEmptyStackIsAnIllegalCall) {
