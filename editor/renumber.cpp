@@ -4,15 +4,13 @@
 #include <algorithm>
 #include <charconv>
 
+#include "common/text/ascii.h"
+
 namespace zoka {
 
 namespace {
 
 constexpr char END_MARK = '\x1A';
-
-bool is_digit(char c) {
-  return c >= '0' && c <= '9';
-}
 
 size_t skip_digits(std::string_view text, size_t at) {
   while (at < text.size() && is_digit(text[at])) ++at;

@@ -32,6 +32,8 @@ constexpr TNamedMouse NAMED_MOUSE[] = {
 
 constexpr int MAX_FUNCTION_KEY = 10;
 constexpr bigtime_t MICROSECONDS_PER_MS = 1000;
+/// How long a run goes before its first key, unless it asks for one; microseconds.
+constexpr bigtime_t FIRST_KEY_DELAY = 20'000;
 /// Longest {WAIT}, in milliseconds: a day.
 constexpr int64_t MAX_WAIT_MS = 86'400'000;
 
@@ -160,11 +162,24 @@ void TKeyFeeder::Begin() {
     TLock lock(mMutex);
     mActive = true;
     mStarving = false;
+    mHolding = true;
+  }
+  // A person's first key comes when the program is on its way, its traps set. Simulated time does
+  // not pass before the program waits or polls, so that there any time will do.
+  bigtime_t delay = mClock.IsSimulated() ? 1 : FIRST_KEY_DELAY;
+  mStartTimer.store(mClock.StartTimer(delay, false, [this] { Release(); }, TActorClass::Keys));
+}
+
+void TKeyFeeder::Release() {
+  {
+    TLock lock(mMutex);
+    mHolding = false;
   }
   Pump();
 }
 
 void TKeyFeeder::End() {
+  if (TTimerId start = mStartTimer.exchange(0)) mClock.CancelTimer(start);
   TTimerId timer;
   {
     TLock lock(mMutex);
@@ -190,7 +205,7 @@ bool TKeyFeeder::IsDry() {
 }
 
 void TKeyFeeder::Look() {
-  Pump();
+  Release();
   while (mClock.IsSimulated() && mView.Rsrc().KeyBufCount() == 0 && IsDry()) {
     mClock.RealWait(mAdded);
     Pump();
@@ -198,8 +213,8 @@ void TKeyFeeder::Look() {
 }
 
 void TKeyFeeder::WaitBegins(bigtime_t deadline) {
-  Pump();
-  if (deadline != FOREVER) return;
+  Release();
+  if (deadline != FOREVER || mView.Rsrc().KeyBufCount() > 0) return;
   for (;;) {
     {
       TLock lock(mMutex);
@@ -224,7 +239,7 @@ void TKeyFeeder::StopProgram() {
 
 bool TKeyFeeder::TakeNext(TFeedItem* item) {
   TLock lock(mMutex);
-  if (!mActive || mTimer != 0 || mItems.empty()) return false;
+  if (!mActive || mHolding || mTimer != 0 || mItems.empty()) return false;
   const TFeedItem& next = mItems.front();
   int32_t room = KEY_BUF_SIZE - mView.Rsrc().KeyBufCount();
   int32_t wanted = 0;

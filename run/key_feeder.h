@@ -3,6 +3,7 @@
 // the moment they are reached.
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <deque>
 #include <string>
@@ -44,7 +45,7 @@ class TKeyFeeder {
   /// as by the break key.
   void Finish();
 
-  /// A run begins; hands over what there is room for.
+  /// A run begins: hands over from its first look for a key on, or a moment later.
   void Begin();
   /// The run has ended; nothing is handed over until the next one begins.
   void End();
@@ -57,6 +58,7 @@ class TKeyFeeder {
   void WaitBegins(bigtime_t deadline);
 
  private:
+  void Release();
   void Pump();
   bool TakeNext(TFeedItem* item);
   void Do(const TFeedItem& item);
@@ -73,10 +75,12 @@ class TKeyFeeder {
   bool mInteractive = false;  // before the first run
   bool mActive = false;
   bool mStarving = false;  // the program waits for a key without limit
+  bool mHolding = false;   // the run has not come to its first key yet
   bool mPumping = false;
   bool mAgain = false;
   bool mWaitOver = false;
   TTimerId mTimer = 0;
+  std::atomic<TTimerId> mStartTimer{0};
 };
 
 }  // namespace zoka

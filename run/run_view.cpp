@@ -155,8 +155,8 @@ bool TRunView::ReadyBasic() {
 
 bool TRunView::RunBasic(const TMessage& start) {
   if (!mMachine || !mMachine->SetStartPos(start)) return false;
-  mMachine->Resume();
   if (mKeyFeeder != nullptr) mKeyFeeder->Begin();
+  mMachine->Resume();
   return true;
 }
 

@@ -4,19 +4,13 @@
 #include <limits>
 #include <utility>
 
+#include "common/text/ascii.h"
 #include "sound/mml_tables.h"
 
 namespace zoka {
 
 namespace {
 
-// The C library's own tests depend on its locale.
-bool is_space(char c) {
-  return c == ' ' || (c >= '\t' && c <= '\r');
-}
-bool is_digit(char c) {
-  return c >= '0' && c <= '9';
-}
 bool is_upper(char c) {
   return c >= 'A' && c <= 'Z';
 }
