@@ -48,6 +48,9 @@ void ExeBasicPlay(TVMachine& m, const TVMCode* code) {
     // What came before the fault is played.
     m.mPlayer->Resume();
     throw m.RuntimeException2(error.key);
+  } catch (const TException&) {
+    m.mPlayer->Resume();
+    throw;
   }
   m.mPlayer->Resume();
   wait_for_music(m, caller);
