@@ -1,5 +1,5 @@
-// What both clocks need: sums of times, and a wait in real time on a wake's condition. Nothing
-// outside of the clocks includes this.
+// What both clocks and the lock of the window need: sums of times, and a wait in real time on a
+// condition. Nothing else includes this.
 #pragma once
 
 #include <algorithm>

@@ -39,6 +39,8 @@ class TThread {
   void Wait(int32_t* result);
 
   TClock& Clock() const { return mClock; }
+  /// What Terminate signals, and what ends a wait of this thread early.
+  TWake& Wake() { return mWake; }
 
  protected:
   /// The thread's body; its value is the thread's result. Must not let an exception out.

@@ -23,6 +23,8 @@ void TDocumentHost::SetStatBarStr(const std::string&) {}
 void TDocumentHost::SetWinTitle() {}
 void TDocumentHost::AddHistory(const std::string&) {}
 void TDocumentHost::ShowRun() {}
+void TDocumentHost::StateChanged() {}
+void TDocumentHost::CompileEnded(int64_t) {}
 
 TDocumentState next_document_state(TDocumentState state, TDocumentEvent event) {
   using S = TDocumentState;
@@ -166,15 +168,32 @@ bool TListDocument::LoadRequested(TMessage* request) {
   return OpenList(fileName, encoding);
 }
 
-TRunOutcome TListDocument::RunBasic(TMessage request) {
+void TListDocument::SetState(TDocumentEvent event) {
+  const TDocumentState before = std::exchange(mState, next_document_state(mState, event));
+  if (before != mState) mHost.StateChanged();
+}
+
+void TListDocument::EndCompile() {
+  ++mCompilation;
+  mRunView.CancelCompile();
+  mRunView.FinishCompile();
+}
+
+bool TListDocument::PrepareRun(TMessage* request) {
+  SetState(TDocumentEvent::Kill);
+  EndCompile();
   mRunView.QuitBasic();
+  SetState(TDocumentEvent::Ended);
   mRunView.ClearBasic();
   mContext.privacy.killed.store(false);
-  if (!LoadRequested(&request)) return TRunOutcome::LoadFailed;
+  if (!LoadRequested(request)) return false;
   mFormatted = CreateFmtSrc(mText.Get());
   SetState(TDocumentEvent::Run);
   mHost.SetStatBarStr(mContext.catalogue->GetString("Compiling") + FUC_ELLIPSES);
-  TCompileResult result = mRunView.CompileBasic(mFormatted.Text().c_str());
+  return true;
+}
+
+TRunOutcome TListDocument::LaunchRun(TCompileResult result, const TMessage& request) {
   mHost.SetStatBarStr("");
   if (result != TCompileResult::Runnable) {
     SetState(TDocumentEvent::CompileFailed);
@@ -190,6 +209,29 @@ TRunOutcome TListDocument::RunBasic(TMessage request) {
   return TRunOutcome::Started;
 }
 
+TRunOutcome TListDocument::RunBasic(TMessage request) {
+  if (!PrepareRun(&request)) return TRunOutcome::LoadFailed;
+  return LaunchRun(mRunView.CompileBasic(mFormatted.Text().c_str()), request);
+}
+
+TRunOutcome TListDocument::StartRun(TMessage request) {
+  if (!PrepareRun(&request)) return TRunOutcome::LoadFailed;
+  mRequest = std::move(request);
+  mRunView.StartCompile(mFormatted.Text(), [this, compilation = mCompilation] {
+    mHost.CompileEnded(compilation);
+  });
+  return TRunOutcome::Compiling;
+}
+
+TRunOutcome TListDocument::FinishRun(int64_t compilation) {
+  if (compilation != mCompilation || mState != TDocumentState::Compiling) {
+    return TRunOutcome::Cancelled;
+  }
+  return LaunchRun(mRunView.FinishCompile(), mRequest);
+}
+
+void TListDocument::RunEnded() { SetState(TDocumentEvent::Ended); }
+
 TRunOutcome TListDocument::VMachineRunRqtd(const TMessage& request) {
   SetState(TDocumentEvent::Ended);
   return RunBasic(request);
@@ -197,7 +239,9 @@ TRunOutcome TListDocument::VMachineRunRqtd(const TMessage& request) {
 
 void TListDocument::Kill() {
   SetState(TDocumentEvent::Kill);
+  EndCompile();
   mRunView.KillBasic();
+  mHost.SetStatBarStr("");
   SetState(TDocumentEvent::Ended);
 }
 

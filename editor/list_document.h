@@ -57,6 +57,11 @@ class TDocumentHost {
   virtual void AddHistory(const std::string& path);
   /// The window of the run comes to the front.
   virtual void ShowRun();
+  /// The state of the document has changed.
+  virtual void StateChanged();
+  /// A compilation begun by StartRun has ended: have FinishRun(compilation) called on the document's
+  /// thread, later. Called on the compiler's thread.
+  virtual void CompileEnded(int64_t compilation);
 };
 
 /// Stages of the way into a run.
@@ -67,8 +72,9 @@ enum class TDocumentEvent : uint8_t { Run, Load, Loaded, LoadFailed, Compiled, C
 /// The state behind an event; an event that means nothing in a state leaves it.
 TDocumentState next_document_state(TDocumentState state, TDocumentEvent event);
 
-/// How RunBasic ended.
-enum class TRunOutcome : uint8_t { Started, NothingToRun, CompileFailed, LoadFailed, Cancelled };
+/// How RunBasic ended; StartRun may also answer Compiling.
+enum class TRunOutcome : uint8_t { Started, NothingToRun, CompileFailed, LoadFailed, Cancelled,
+                                   Compiling };
 
 /// The document. All calls on one thread, the host's.
 class TListDocument {
@@ -89,6 +95,13 @@ class TListDocument {
   /// The one way into a run: ends the old one, compiles, starts. `request` may hold "LineNum" or
   /// "Label", and "FileName" with "Merge" when a program has asked for another list.
   TRunOutcome RunBasic(TMessage request);
+  /// The same with the compilation in the background: it returns as soon as that has begun, and the
+  /// host's CompileEnded leads to FinishRun. A run that is asked for meanwhile takes its place.
+  TRunOutcome StartRun(TMessage request);
+  /// Starts the program that was compiled; Cancelled if that compilation is not the last one.
+  TRunOutcome FinishRun(int64_t compilation);
+  /// The program has ended, and asks for no other.
+  void RunEnded();
   /// The request of a program that has ended (RUN, CHAIN).
   TRunOutcome VMachineRunRqtd(const TMessage& request);
   /// The Kill command.
@@ -114,7 +127,10 @@ class TListDocument {
   void NoteReport(const TListText& list);
   void KeepCharset(int32_t charset);
   bool LoadRequested(TMessage* request);
-  void SetState(TDocumentEvent event) { mState = next_document_state(mState, event); }
+  bool PrepareRun(TMessage* request);
+  TRunOutcome LaunchRun(TCompileResult result, const TMessage& request);
+  void EndCompile();
+  void SetState(TDocumentEvent event);
 
   TEngineContext& mContext;
   TRunView& mRunView;
@@ -127,6 +143,8 @@ class TListDocument {
   TFmtSrc mFormatted;
   std::vector<std::string> mReport;
   TDocumentState mState = TDocumentState::Idle;
+  int64_t mCompilation = 0;  // number of the last compilation in the background
+  TMessage mRequest;         // its request
 };
 
 /// The start of a run as the user writes it: a line number if it begins with a digit, a label in

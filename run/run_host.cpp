@@ -8,6 +8,7 @@ namespace zoka {
 
 void TRunHost::Post(std::function<void()>) {}
 void TRunHost::Present(const TRect&) {}
+void TRunHost::ComposeSoon() {}
 bool TRunHost::WantsPicture() const { return false; }
 void TRunHost::TranscriptRow(std::string_view) {}
 void TRunHost::FlushOutput() {}

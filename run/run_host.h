@@ -30,6 +30,8 @@ class TRunHost {
 
   /// The picture has changed inside `rect` (device pixels). Coalesced by the host.
   virtual void Present(const TRect& rect);
+  /// The picture has changed but was not composed yet: call TRunView::FlushScreen within a frame.
+  virtual void ComposeSoon();
   /// False if nobody looks at pixels: they are then not composed.
   virtual bool WantsPicture() const;
 

@@ -46,22 +46,25 @@ int32_t parse_time_of_day(std::string_view text) {
 /// Compiles on the stack of an engine thread.
 class TRunView::TCompileThread final : public TThread {
  public:
-  TCompileThread(TRunView& view, const char* text)
+  TCompileThread(TRunView& view, std::string text, std::function<void()> ended)
       : TThread("Compiler", MACHINE_PRIORITY, *view.mContext.clock, TActorClass::Machine),
         mView(view),
-        mText(text) {}
+        mText(std::move(text)),
+        mEnded(std::move(ended)) {}
 
  protected:
   int32_t Execute() override {
     TCompiler compiler(mView.mContext, &mView.mMidCode, &mView.mCancelCompile);
-    TCompileResult result = compiler.Compile(mText, &mView.mCompatiMode);
+    TCompileResult result = compiler.Compile(mText.c_str(), &mView.mCompatiMode);
     mView.mCompileFault = compiler.Fault();
+    if (mEnded) mEnded();
     return static_cast<int32_t>(result);
   }
 
  private:
   TRunView& mView;
-  const char* mText;
+  const std::string mText;
+  const std::function<void()> mEnded;
 };
 
 /// Waits for the music as an engine's thread does, on either kind of clock.
@@ -105,6 +108,7 @@ TRunView::TRunView(TEngineContext& context, TRunHost& host)
       mRsrc(*context.clock),
       mProducer(*context.clock, std::string(APP_NAME) + " OUT"),
       mPlayer(*context.clock, TSoundSettings{context.prefs->SVol, context.prefs->MDly}),
+      mPainter(mRsrc),
       mInputs(std::make_unique<TLiveInputs>(context, mRsrc, host, mProducer)) {
   int32_t preferred = context.prefs->CmpM.load();
   if (preferred != 0) mCompatiMode = preferred;
@@ -113,17 +117,31 @@ TRunView::TRunView(TEngineContext& context, TRunHost& host)
 }
 
 TRunView::~TRunView() {
+  DetachedFromWindow();
+  CancelCompile();
+  FinishCompile();
   QuitBasic();
   ClearTimeDlRunner();
   mRsrc.SetOwner(nullptr);
 }
 
 TCompileResult TRunView::CompileBasic(const char* text) {
+  StartCompile(text, nullptr);
+  return FinishCompile();
+}
+
+void TRunView::StartCompile(std::string text, std::function<void()> ended) {
+  FinishCompile();
   mCancelCompile.store(false);
-  TCompileThread thread(*this, text);
-  thread.Resume();
+  mCompileThread = std::make_unique<TCompileThread>(*this, std::move(text), std::move(ended));
+  mCompileThread->Resume();
+}
+
+TCompileResult TRunView::FinishCompile() {
+  if (!mCompileThread) return TCompileResult::Cancelled;
   int32_t result = 0;
-  thread.Wait(&result);
+  mCompileThread->Wait(&result);
+  mCompileThread.reset();
   return static_cast<TCompileResult>(result);
 }
 
@@ -205,15 +223,6 @@ void TRunView::ForceStop() {
 }
 
 void TRunView::PreventInputBlock() { mRsrc.PushToKeyBuf("\x0A", 1); }
-
-std::string TRunView::WinTitle() const {
-  std::string mode;
-  if (mCompatiMode == 2) mode = mContext.catalogue->GetString("DISK-BASIC");
-  if (mCompatiMode == 3) mode = mContext.catalogue->GetString("DOS-BASIC");
-  return mode + " - " + APP_NAME + " " + mContext.catalogue->GetString("(Run Window)");
-}
-
-void TRunView::SetWinTitle() { mHost.SetTitle(WinTitle()); }
 
 void TRunView::SetKeyFeeder(TKeyFeeder* feeder) {
   mKeyFeeder = feeder;
@@ -325,18 +334,18 @@ void TRunView::ClearTimeDlRunner() {
 
 void TRunView::SetDriveFolder(int32_t index, const std::string& path) {
   mRsrc.DrvFolderRefs().SetFolder(index, path);
-  if (index >= LAMP_COUNT) return;
-  std::string name =
-      path.empty() ? mContext.catalogue->GetString("(Empty)") : extract_file_name(path);
-  mHost.DriveChanged(index, path, name);
+  if (index < LAMP_COUNT) SendUpdateMenuDrvFolder(index);
+}
+
+void TRunView::SendUpdateMenuDrvFolder(int32_t index) {
+  const std::string path = DriveFolder(index);
+  mHost.DriveChanged(
+      index, path,
+      path.empty() ? mContext.catalogue->GetString("(Empty)") : extract_file_name(path));
 }
 
 std::string TRunView::DriveFolder(int32_t index) const {
   return mRsrc.DrvFolderRefs().Folder(index);
-}
-
-void TRunView::UpdateScreenRqtd() {
-  if (!mHost.WantsPicture()) mRsrc.TakeModifiedRect();
 }
 
 void TRunView::SetFDDAccessLamp(int32_t driveIdx, int32_t change) { mHost.Lamp(driveIdx, change); }
@@ -344,7 +353,7 @@ void TRunView::SetFDDAccessLamp(int32_t driveIdx, int32_t change) { mHost.Lamp(d
 void TRunView::TranscriptRow(const std::string& row) { mHost.TranscriptRow(row); }
 
 void TRunView::KeyWaitBegins(bigtime_t deadline) {
-  mHost.FlushOutput();
+  FlushOutput();
   if (mKeyFeeder != nullptr) mKeyFeeder->WaitBegins(deadline);
 }
 
@@ -358,9 +367,13 @@ void TRunView::SendRunRequest(const TMessage& message) {
   mRequest = message;
 }
 
-void TRunView::FlushOutput() { mHost.FlushOutput(); }
+void TRunView::FlushOutput() {
+  FlushPicture();
+  mHost.FlushOutput();
+}
 
 void TRunView::MachineEnded(int32_t exitStatus) {
+  FlushPicture();
   bool hasRequest;
   TMessage request;
   {

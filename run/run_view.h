@@ -6,6 +6,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -16,8 +17,10 @@
 #include "compiler/compiler.h"
 #include "core/mid_code.h"
 #include "run/run_host.h"
+#include "run/screen/compose.h"
 #include "run/screen/basic_rsrc.h"
 #include "run/screen/screen_owner.h"
+#include "run/window_lock.h"
 #include "sound/midi.h"
 #include "sound/mml_player.h"
 #include "vm/machine_host.h"
@@ -42,6 +45,11 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   // --- Run control.
   /// Compiles on a thread of its own (the compiler recurses deeply) and waits for it.
   TCompileResult CompileBasic(const char* text);
+  /// The same in two steps: StartCompile returns at once and calls `ended` as the last act of the
+  /// compiler's thread; FinishCompile waits for that thread and returns the result. Nothing else of
+  /// the program may be touched between them. StartCompile after StartCompile finishes the former.
+  void StartCompile(std::string text, std::function<void()> ended);
+  TCompileResult FinishCompile();
   /// Ends a compilation under way; its result is then Cancelled. Any thread.
   void CancelCompile() { mCancelCompile.store(true); }
   /// The fault of the last failed compilation.
@@ -78,6 +86,27 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   void ShowBootStr();
   /// The window's title for the present mode.
   std::string WinTitle() const;
+  /// The view is shown from now on, or no longer: the title, the drives, the run font, the start-up
+  /// text, and the cursor's blinking. Host's thread.
+  void AttachedToWindow();
+  void DetachedFromWindow();
+  /// Family and size of the run font have changed in the preferences. Host's thread.
+  void PrefRunWinFontChanged();
+  /// Title and drive names in the language of the catalogue. Host's thread.
+  void LanguageChanged();
+  /// Composes what has changed and was held back. Host's thread.
+  void FlushScreen();
+  /// The picture, complete but for what FlushScreen would add. Read it with Lock() held.
+  const TFrameBuffer& Frame() const { return mFrame; }
+  /// What keeps the picture whole between the threads. The host may hold it while it paints; never
+  /// in a call of this class that waits.
+  TWindowLock& Lock() { return mWindowLock; }
+
+  // --- The clipboard. Host's thread.
+  void MItemCopyTextClicked();
+  /// A page's own picture, 0 to 3, or -1 for the page shown.
+  void MItemCopyGrphClicked(int32_t page);
+  void MItemCopyCompositionClicked();
 
   // --- Keys and mouse.
   /// Keys that are typed by a script or a pipe rather than a person; null for none. Set between
@@ -126,6 +155,11 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   void ClearTimeDlRunner();
   void PreventInputBlock();
   void SetWinTitle();
+  void SendUpdateMenuDrvFolder(int32_t index);
+  bool ComposeFrame(bigtime_t lockLimit);
+  void AskFlush();
+  void FlushPicture();
+  void CursorBlinkRqtd();
 
   TEngineContext& mContext;
   TRunHost& mHost;
@@ -134,6 +168,13 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   TMidiLocalProducer mProducer;
   TMmlPlayer mPlayer;
   std::unique_ptr<TLiveInputs> mInputs;
+  TWindowLock mWindowLock;
+  TFrameBuffer mFrame;       // under mWindowLock
+  TScreenPainter mPainter;   // its DrawBasic under mWindowLock
+  std::atomic<bigtime_t> mLastCompose{0};
+  std::atomic<bool> mFlushAsked{false};
+  TTimerId mBlinkTimer = 0;
+  std::unique_ptr<TCompileThread> mCompileThread;
   std::unique_ptr<TVMachine> mMachine;
   std::unique_ptr<TPlayTarget> mPlayTarget;
   mutable TMutex mPortLock{TLockRank::Leaf};

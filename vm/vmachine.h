@@ -201,8 +201,6 @@ class TVMachine : public TThread {
   // --- for handlers: waits and polls. All end when the machine is asked to terminate.
   /// Waits; shows first what was held back.
   void Snooze(bigtime_t span);
-  /// What ends a wait of this thread early.
-  TWake& Wake() { return mWake; }
   /// To be called by a handler that waits or polls by other ways than these.
   void NoteWait() { mLongRunAt = mJumps + LONG_RUN_JUMPS; }
   bigtime_t SystemTime();

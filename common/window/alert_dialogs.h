@@ -1,0 +1,40 @@
+// TAlertDialogs: shows the engine's alerts as dialogs, modal to the whole application.
+#pragma once
+
+#include <QMessageBox>
+#include <QObject>
+#include <QPointer>
+#include <memory>
+
+#include "common/alert.h"
+#include "common/thread.h"
+
+namespace zoka {
+
+/// Alerts of a machine are shown on the window thread while the machine waits; the wait ends with
+/// the answer or when the machine is told to end, which takes the dialog down. An alert of the
+/// window thread itself re-enters the event loop, with the messages of its window held back. One of
+/// any other thread is shown and answered by nobody.
+class TAlertDialogs final : public TAlertHost {
+ public:
+  /// Any thread.
+  int ShowAlert(const TAlert& alert, TThread* waiter) override;
+
+  /// The dialog that is open, or null. Window thread.
+  QMessageBox* OpenDialog() const { return mOpen; }
+
+ private:
+  struct TTicket;
+
+  int ShowModal(const TAlert& alert);
+  void Open(const TAlert& alert, const std::shared_ptr<TTicket>& ticket);
+  QMessageBox* MakeBox(const TAlert& alert);
+
+  QPointer<QMessageBox> mOpen;
+  QObject mContext;  // calls posted to the window thread end with it
+};
+
+/// The button of `box` that was pressed: its place from the left, or -1.
+int pressed_button(const QMessageBox& box);
+
+}  // namespace zoka
