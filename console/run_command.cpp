@@ -10,6 +10,7 @@
 #include "console/terminal.h"
 #include "console/watch.h"
 #include "run/key_feeder.h"
+#include "run/screen/png_file.h"
 #include "sound/play_outputs.h"
 
 namespace zoka {
@@ -41,6 +42,7 @@ class TRunCommand {
     mHost.SetLive(false);
     if (mWroteRun && !wasLive) mHost.WriteScreen(mEngine.View().Rsrc());
     mHost.FlushOutput();
+    WriteScreenshot();
     FinishMusic();
     mEngine.View().QuitBasic();
     return FinalStatus(status);
@@ -100,6 +102,13 @@ class TRunCommand {
       if (mWatch.Status() != 0 || mHost.OutputFailed() || !mHost.TakeRequest(&next)) return status;
       outcome = mEngine.Document().VMachineRunRqtd(next);
     }
+  }
+
+  void WriteScreenshot() {
+    if (mOptions.screenshot.empty()) return;
+    TFrameBuffer picture;
+    TScreenPainter(mEngine.View().Rsrc()).DrawComposition(picture);
+    if (!write_png(mOptions.screenshot, picture)) mUnwritten = report_unwritten(mOptions.screenshot);
   }
 
   /// Music of an ended program plays to its end, unless a signal or the time limit cuts it.

@@ -108,10 +108,10 @@ TRunView::TRunView(TEngineContext& context, TRunHost& host)
       mRsrc(*context.clock),
       mProducer(*context.clock, std::string(APP_NAME) + " OUT"),
       mPlayer(*context.clock, TSoundSettings{context.prefs->SVol, context.prefs->MDly}),
-      mPainter(mRsrc),
       mInputs(std::make_unique<TLiveInputs>(context, mRsrc, host, mProducer)) {
   int32_t preferred = context.prefs->CmpM.load();
   if (preferred != 0) mCompatiMode = preferred;
+  mRsrc.SetFontFamilyAndSize(context.prefs->RWFF, context.prefs->RWFS.load());
   mRsrc.SetOwner(this);
   mPlayer.SetProducer(&mProducer);
 }

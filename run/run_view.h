@@ -170,7 +170,7 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   std::unique_ptr<TLiveInputs> mInputs;
   TWindowLock mWindowLock;
   TFrameBuffer mFrame;       // under mWindowLock
-  TScreenPainter mPainter;   // its DrawBasic under mWindowLock
+  TScreenPainter mPainter{mRsrc};  // its DrawBasic under mWindowLock
   std::atomic<bigtime_t> mLastCompose{0};
   std::atomic<bool> mFlushAsked{false};
   TTimerId mBlinkTimer = 0;

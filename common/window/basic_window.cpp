@@ -6,6 +6,12 @@
 #include <algorithm>
 
 namespace zoka {
+namespace {
+
+/// No window stands farther from the screen's corner than this many pixels.
+constexpr float FAR = 1e6F;
+
+}  // namespace
 
 TBasicWindow::TBasicWindow(TWindowContext& context)
     : mWindowContext(context), mQueue([this](const TMessage& message) {
@@ -45,7 +51,6 @@ TFrame TBasicWindow::Frame() const {
 }
 
 void TBasicWindow::MoveToFrame(const TFrame& frame) {
-  constexpr float FAR = 1e6F;
   const auto pixel = [](float v) { return static_cast<int>(std::clamp(v, -FAR, FAR)); };
   IntelligentMoveTo(QPoint(pixel(frame.left), pixel(frame.top)));
 }

@@ -1,6 +1,7 @@
 // Painting, keys, input method and mouse of the run view's widget.
 #include "run/window/run_widget.h"
 
+#include <QAccessible>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -8,8 +9,10 @@
 #include <algorithm>
 #include <cmath>
 #include <mutex>
+#include <utility>
 
 #include "run/window/key_translate.h"
+#include "run/window/run_accessible.h"
 
 namespace zoka {
 namespace {
@@ -29,6 +32,7 @@ TRunWidget::TRunWidget(TRunView& view, TRunWindowHost& host, QWidget* parent)
   mReleaseTimer.setSingleShot(true);
   mReleaseTimer.setInterval(RELEASE_MS);
   connect(&mReleaseTimer, &QTimer::timeout, this, [this] { ReleaseKeys(); });
+  install_run_accessible();
   UpdateSize();
 }
 
@@ -92,7 +96,17 @@ TPoint TRunWidget::PointAt(QPointF place) const {
           static_cast<float>(std::floor((place.y() * ratio - origin.y()) / Scale()))};
 }
 
-void TRunWidget::Present(const TRect& changed) { update(FromMachine(changed).toAlignedRect()); }
+void TRunWidget::Present(const TRect& changed) {
+  update(FromMachine(changed).toAlignedRect());
+  if (QAccessible::isActive()) TellReaders();
+}
+
+void TRunWidget::TellReaders() {
+  const QString text = QString::fromStdString(mView.Rsrc().ScreenText());
+  if (text == mToldText) return;
+  QAccessibleTextUpdateEvent event(this, 0, std::exchange(mToldText, text), text);
+  QAccessible::updateAccessibility(&event);
+}
 
 void TRunWidget::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
@@ -111,8 +125,12 @@ void TRunWidget::paintEvent(QPaintEvent* event) {
 }
 
 QRect TRunWidget::CursorCell() const {
+  return CellRect(mView.Rsrc().TxtSnapshot().cursorPos);
+}
+
+QRect TRunWidget::CellRect(int32_t wanted) const {
   const TTxtSnapshot text = mView.Rsrc().TxtSnapshot();
-  const int cell = std::clamp(text.cursorPos, 0, text.cols * text.rows - 1);
+  const int cell = std::clamp(wanted, 0, text.cols * text.rows - 1);
   const int width = SCREEN_WIDTH / text.cols;
   const int height = SCREEN_HEIGHT / text.rows;
   const int left = cell % text.cols * width;

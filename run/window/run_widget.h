@@ -37,6 +37,9 @@ class TRunWidget final : public TBasicView {
   TPoint PointAt(QPointF place) const;
   /// What the input method has not committed yet.
   const QString& Preedit() const { return mPreedit; }
+  TRunView& View() const { return mView; }
+  /// The part of the widget that a text cell takes; cells outside the screen give the last one.
+  QRect CellRect(int32_t cell) const;
 
  protected:
   bool event(QEvent* event) override;
@@ -58,6 +61,7 @@ class TRunWidget final : public TBasicView {
   QPoint Origin() const;
   QRectF FromMachine(const TRect& r) const;
   QRect CursorCell() const;
+  void TellReaders();
   void PaintPreedit(QPainter& painter) const;
   void ReleaseKeys();
 
@@ -66,6 +70,7 @@ class TRunWidget final : public TBasicView {
   int mStep = 1;
   bool mFilling = false;
   QString mPreedit;
+  QString mToldText;  // the screen's text as readers of the screen know it
   /// Matrix codes of keys whose release may yet prove to be one of the host's repeats.
   std::map<uint32_t, uint8_t> mReleased;
   QTimer mReleaseTimer;

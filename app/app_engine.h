@@ -1,0 +1,39 @@
+// TAppEngine: the engine's context as the window application has it: the host's clock, the user's
+// settings, the language of the environment, alerts as dialogs.
+#pragma once
+
+#include "app/settings/exit_states.h"
+#include "app/settings/inter_app_prefs.h"
+#include "app/settings/prefs.h"
+#include "app/settings/settings_place.h"
+#include "common/context.h"
+#include "common/handler.h"
+#include "common/window/alert_dialogs.h"
+
+namespace zoka {
+
+/// Made after the QApplication, before all windows; gone after them. Loads the settings.
+class TAppEngine {
+ public:
+  explicit TAppEngine(TSettingsPlace place, TLanguage language);
+  TAppEngine(const TAppEngine&) = delete;
+  TAppEngine& operator=(const TAppEngine&) = delete;
+
+  TEngineContext& Context() { return mContext; }
+  THandlerRegistry& Registry() { return mRegistry; }
+  const TSettingsPlace& Place() const { return mPlace; }
+  TAlertDialogs& Alerts() { return mAlerts; }
+
+ private:
+  TSettingsPlace mPlace;
+  std::unique_ptr<TClock> mClock;
+  TCatalogue mCatalogue;
+  TPrefs mPrefs;
+  TExitStates mExitStates;
+  TInterAppPrefs mInterAppPrefs;
+  TAlertDialogs mAlerts;
+  THandlerRegistry mRegistry;
+  TEngineContext mContext;
+};
+
+}  // namespace zoka

@@ -1,0 +1,45 @@
+// TBasicApp: the process: it creates the windows, routes the messages that concern more than one of
+// them, and ends them in order.
+#pragma once
+
+#include <QObject>
+#include <string>
+
+#include "app/app_engine.h"
+#include "app/plain_window.h"
+#include "common/window/message_queue.h"
+#include "run/window/run_window.h"
+
+namespace zoka {
+
+/// Window thread, but for PostMessage.
+class TBasicApp final : public THandler, private QObject {
+ public:
+  explicit TBasicApp(TAppEngine& engine);
+  ~TBasicApp() override;
+
+  void PostMessage(const TMessage& message) override { mQueue.PostMessage(message); }
+  /// The application is up: shows the windows, and opens and runs `path` if there is one.
+  void ReadyToRun(const std::string& path);
+  /// Asks the main window; ends the application unless the user wants to stay.
+  bool QuitRequested();
+  /// All texts follow at once.
+  void SetLanguage(TLanguage language);
+
+  TRunWindow& RunWindow() { return *mRunWindow; }
+  TPlainWindow& MainWindow() { return *mMainWindow; }
+
+ private:
+  void MessageReceived(const TMessage& message);
+  void Broadcast(const TMessage& message);
+  bool eventFilter(QObject* object, QEvent* event) override;
+  void Quit();
+
+  TAppEngine& mEngine;
+  TMessageQueue mQueue;
+  TWindowContext mWindowContext;
+  std::unique_ptr<TRunWindow> mRunWindow;
+  std::unique_ptr<TPlainWindow> mMainWindow;
+};
+
+}  // namespace zoka

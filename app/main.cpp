@@ -1,0 +1,19 @@
+// Starts the window application.
+#include <QApplication>
+#include <QFile>
+#include <clocale>
+
+#include "app/basic_app.h"
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  // The toolkit takes the user's decimal comma over; numbers of programs have a point.
+  std::setlocale(LC_NUMERIC, "C");
+  QApplication::setApplicationName(zoka::APP_NAME);
+  QApplication::setApplicationVersion(zoka::APP_VERSION);
+  zoka::TAppEngine engine(zoka::TSettingsPlace::OfUser(), zoka::TCatalogue::FromEnvironment());
+  zoka::TBasicApp app(engine);
+  const QStringList arguments = QApplication::arguments();
+  app.ReadyToRun(arguments.size() > 1 ? QFile::encodeName(arguments[1]).toStdString() : "");
+  return QApplication::exec();
+}
