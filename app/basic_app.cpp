@@ -11,6 +11,8 @@ TBasicApp::TBasicApp(TAppEngine& engine)
       mQueue([this](const TMessage& message) { MessageReceived(message); }),
       mWindowContext{engine.Context(), engine.Registry(), engine.Registry().Register(this)},
       mRunWindow(std::make_unique<TRunWindow>(mWindowContext, &engine.Place())),
+      mSound(std::make_unique<TPlayOutputs>(
+          *engine.Context().clock, mRunWindow->RunView()->Producer(), TPlayOutputOptions{})),
       mMainWindow(std::make_unique<TPlainWindow>(mWindowContext, *mRunWindow)) {
   QApplication::setQuitOnLastWindowClosed(false);
   qApp->installEventFilter(this);
@@ -81,6 +83,7 @@ void TBasicApp::Quit() {
   mMainWindow->Quit();
   // The main window's document uses the run window's view.
   mMainWindow.reset();
+  mSound.reset();
   mRunWindow.reset();
   mEngine.Context().exitStates->SaveToFile();
 }

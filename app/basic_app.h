@@ -9,6 +9,7 @@
 #include "app/plain_window.h"
 #include "common/window/message_queue.h"
 #include "run/window/run_window.h"
+#include "sound/play_outputs.h"
 
 namespace zoka {
 
@@ -39,6 +40,7 @@ class TBasicApp final : public THandler, private QObject {
   TMessageQueue mQueue;
   TWindowContext mWindowContext;
   std::unique_ptr<TRunWindow> mRunWindow;
+  std::unique_ptr<TPlayOutputs> mSound;  // of the run window's player
   std::unique_ptr<TPlainWindow> mMainWindow;
 };
 

@@ -16,7 +16,9 @@ constexpr int NEXT_RUN_MS = 20;
 
 }  // namespace
 
-std::string TPlainWindow::TViewText::Get() const { return mView.toPlainText().toStdString(); }
+std::string TPlainWindow::TViewText::Get() const {
+  return mView.toPlainText().toStdString();
+}
 void TPlainWindow::TViewText::Set(const std::string& text) {
   mView.setPlainText(QString::fromStdString(text));
 }
@@ -45,9 +47,8 @@ TPlainWindow::TPlainWindow(TWindowContext& context, TRunWindow& runWindow)
   mNextRun.setSingleShot(true);
   mNextRun.setInterval(NEXT_RUN_MS);
   connect(&mNextRun, &QTimer::timeout, this, [this] { mDocument.StartRun(mNextRequest); });
-  mRunWindow.Host().SetRunEnded([this](int64_t run, int32_t, const TMessage* request) {
-    RunEnded(run, request);
-  });
+  mRunWindow.Host().SetRunEnded(
+      [this](int64_t run, int32_t, const TMessage* request) { RunEnded(run, request); });
   CreateMenu();
   SetWinTitle();
   statusBar();
@@ -127,13 +128,17 @@ void TPlainWindow::SetStatBarStr(const std::string& text) {
   statusBar()->repaint();
 }
 
-QString TPlainWindow::StatusText() const { return statusBar()->currentMessage(); }
+QString TPlainWindow::StatusText() const {
+  return statusBar()->currentMessage();
+}
 
 void TPlainWindow::SetWinTitle() {
   setWindowTitle(QString::fromStdString(mDocument.CurERefName() + " - " + APP_NAME));
 }
 
-void TPlainWindow::ShowRun() { mRunWindow.Appear(); }
+void TPlainWindow::ShowRun() {
+  mRunWindow.Appear();
+}
 
 void TPlainWindow::StateChanged() {
   if (mKillItem == nullptr) return;
@@ -160,6 +165,8 @@ bool TPlainWindow::QuitRequested() {
   return false;
 }
 
-void TPlainWindow::Quit() { Engine().exitStates->WFr = Frame(); }
+void TPlainWindow::Quit() {
+  Engine().exitStates->WFr = Frame();
+}
 
 }  // namespace zoka

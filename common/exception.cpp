@@ -2,7 +2,6 @@
 #include "common/exception.h"
 
 #include "common/catalogue.h"
-#include "common/context.h"
 
 namespace zoka {
 
@@ -34,14 +33,6 @@ std::string exception_text(const TException& fault, const TCatalogue& catalogue)
   std::string text = catalogue.GetString("Runtime Error") + "\n\n" + message + ".\n\n";
   if (fault.ID != 0) text += line_text(std::to_string(fault.ID), catalogue);
   return text;
-}
-
-TAlert fault_alert(const TException& fault, const TCatalogue& catalogue) {
-  TAlert alert;
-  alert.text = exception_text(fault, catalogue);
-  alert.title = replace_placeholder(catalogue.GetString("* %AppName% *"), "%AppName%", APP_NAME);
-  alert.buttons.push_back(catalogue.GetString("Understand"));
-  return alert;
 }
 
 }  // namespace zoka

@@ -7,7 +7,6 @@
 #include <utility>
 #include <vector>
 
-#include "common/alert.h"
 
 namespace zoka {
 
@@ -37,8 +36,5 @@ class TCatalogue;
 /// The alert's text of a fault: heading, two newlines, message, and the line where there is one,
 /// ended by a newline, all in the catalogue's language.
 std::string exception_text(const TException& fault, const TCatalogue& catalogue);
-
-/// The alert that shows a fault: its text, the application's title line, one button.
-TAlert fault_alert(const TException& fault, const TCatalogue& catalogue);
 
 }  // namespace zoka

@@ -51,9 +51,8 @@ void TRunView::AttachedToWindow() {
   for (int32_t drive = 0; drive < LAMP_COUNT; ++drive) SendUpdateMenuDrvFolder(drive);
   PrefRunWinFontChanged();
   ShowBootStr();
-  mBlinkTimer = mContext.clock->StartTimer(CURSOR_BLINK_INTERVAL, true, [this] {
-    mHost.Post([this] { CursorBlinkRqtd(); });
-  });
+  mBlinkTimer = mContext.clock->StartTimer(CURSOR_BLINK_INTERVAL, true,
+                                           [this] { mHost.Post([this] { CursorBlinkRqtd(); }); });
 }
 
 void TRunView::DetachedFromWindow() {
@@ -83,9 +82,13 @@ std::string TRunView::WinTitle() const {
   return mode + " - " + APP_NAME + " " + mContext.catalogue->GetString("(Run Window)");
 }
 
-void TRunView::SetWinTitle() { mHost.SetTitle(WinTitle()); }
+void TRunView::SetWinTitle() {
+  mHost.SetTitle(WinTitle());
+}
 
-void TRunView::MItemCopyTextClicked() { mHost.SetClipboardText(mRsrc.ScreenText()); }
+void TRunView::MItemCopyTextClicked() {
+  mHost.SetClipboardText(mRsrc.ScreenText());
+}
 
 void TRunView::MItemCopyGrphClicked(int32_t page) {
   TFrameBuffer picture;

@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "app/settings/show_alert.h"
 #include "sound/mml_player.h"
 #include "vm/memory_budget.h"
 
@@ -109,8 +110,7 @@ int32_t TVMachine::Execute() {
 
 void TVMachine::ShowFault(const TException& fault) {
   mHost->FlushOutput();
-  if (mContext.alertHost == nullptr) return;
-  mContext.alertHost->ShowAlert(fault_alert(fault, *mContext.catalogue), this);
+  show_fault_alert(mContext, exception_text(fault, *mContext.catalogue), this);
 }
 
 void TVMachine::ExecuteDone() {

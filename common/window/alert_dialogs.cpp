@@ -43,9 +43,9 @@ QWidget* alert_parent() {
 /// What the machine's thread and the window thread share of one alert.
 struct TAlertDialogs::TTicket {
   std::mutex mutex;
-  bool answered = false;     // under mutex
-  int answer = -1;           // under mutex
-  bool cancelled = false;    // under mutex: nobody waits any more
+  bool answered = false;   // under mutex
+  int answer = -1;         // under mutex
+  bool cancelled = false;  // under mutex: nobody waits any more
   TThread* waiter = nullptr;
   QPointer<QMessageBox> box;  // window thread
 };
@@ -62,8 +62,7 @@ QMessageBox* TAlertDialogs::MakeBox(const TAlert& alert) {
   box->setWindowTitle(APP_NAME);
   box->setText(QString::fromStdString(alert_bytes(alert)).trimmed());
   for (size_t i = 0; i < alert.buttons.size(); ++i) {
-    QPushButton* button =
-        box->addButton(marked_label(alert.buttons[i]), QMessageBox::ActionRole);
+    QPushButton* button = box->addButton(marked_label(alert.buttons[i]), QMessageBox::ActionRole);
     button->setProperty("index", static_cast<int>(i));
     if (static_cast<int>(i) == alert.escapeIndex) box->setEscapeButton(button);
     // The last one is the default, as everywhere in the system.

@@ -14,13 +14,14 @@ constexpr float FAR = 1e6F;
 }  // namespace
 
 TBasicWindow::TBasicWindow(TWindowContext& context)
-    : mWindowContext(context), mQueue([this](const TMessage& message) {
-        MessageReceived(message);
-      }) {
+    : mWindowContext(context),
+      mQueue([this](const TMessage& message) { MessageReceived(message); }) {
   mId = mWindowContext.registry.Register(this);
 }
 
-TBasicWindow::~TBasicWindow() { mWindowContext.registry.Unregister(mId); }
+TBasicWindow::~TBasicWindow() {
+  mWindowContext.registry.Unregister(mId);
+}
 
 void TBasicWindow::Appear() {
   if (isMinimized()) showNormal();

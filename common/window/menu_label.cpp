@@ -35,7 +35,9 @@ size_t key_position(const std::string& format, std::string_view key, const std::
 
 }  // namespace
 
-QString plain_label(const std::string& text) { return escaped(text, std::string::npos); }
+QString plain_label(const std::string& text) {
+  return escaped(text, std::string::npos);
+}
 
 QString menu_label(const TEngineContext& context, const std::string& text, std::string_view key) {
   const std::string format = context.interAppPrefs ? context.interAppPrefs->AccKeyFormat()

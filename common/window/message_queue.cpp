@@ -21,7 +21,8 @@ void TMessageQueue::Schedule() {
     std::lock_guard lock(mMutex);
     if (std::exchange(mScheduled, true)) return;
   }
-  QMetaObject::invokeMethod(&mContext, [this] { HandleAll(); }, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(
+      &mContext, [this] { HandleAll(); }, Qt::QueuedConnection);
 }
 
 void TMessageQueue::Release() {

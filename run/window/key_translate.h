@@ -1,8 +1,8 @@
 // What a key of the host's keyboard means to the simulated machine. Pure functions.
 #pragma once
 
-#include <Qt>
 #include <QString>
+#include <Qt>
 #include <cstdint>
 #include <optional>
 #include <string>

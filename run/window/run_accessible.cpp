@@ -46,7 +46,9 @@ QAccessible::State TRunAccessible::state() const {
   return state;
 }
 
-void TRunAccessible::selection(int, int* start, int* end) const { *start = *end = 0; }
+void TRunAccessible::selection(int, int* start, int* end) const {
+  *start = *end = 0;
+}
 
 int TRunAccessible::cursorPosition() const {
   const TTxtSnapshot screen = mRunWidget.View().Rsrc().TxtSnapshot();
@@ -67,7 +69,9 @@ QString TRunAccessible::text(int start, int end) const {
   return ScreenText().mid(start, end - start);
 }
 
-int TRunAccessible::characterCount() const { return static_cast<int>(ScreenText().size()); }
+int TRunAccessible::characterCount() const {
+  return static_cast<int>(ScreenText().size());
+}
 
 QRect TRunAccessible::characterRect(int offset) const {
   const QString before = ScreenText().left(offset);

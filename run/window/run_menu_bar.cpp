@@ -40,8 +40,7 @@ void TRunMenuBar::paintEvent(QPaintEvent* event) {
 }
 
 int TRunMenuBar::TQuietStyle::styleHint(StyleHint hint, const QStyleOption* option,
-                                        const QWidget* widget,
-                                        QStyleHintReturn* returned) const {
+                                        const QWidget* widget, QStyleHintReturn* returned) const {
   if (hint == SH_MenuBar_AltKeyNavigation) return 0;
   return QProxyStyle::styleHint(hint, option, widget, returned);
 }

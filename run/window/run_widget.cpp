@@ -17,8 +17,8 @@
 namespace zoka {
 namespace {
 
-/// Milliseconds for which a key counts as down after its release: some hosts report a release in the
-/// midst of a repeat.
+/// Milliseconds for which a key counts as down after its release: some hosts report a release in
+/// the midst of a repeat.
 constexpr int RELEASE_MS = 5;
 
 }  // namespace
@@ -54,7 +54,9 @@ QSize TRunWidget::WantedSize() const {
           static_cast<int>(std::ceil(SCREEN_HEIGHT * scale / ratio))};
 }
 
-QSize TRunWidget::sizeHint() const { return WantedSize(); }
+QSize TRunWidget::sizeHint() const {
+  return WantedSize();
+}
 
 void TRunWidget::UpdateSize() {
   if (mFilling) {
@@ -176,8 +178,7 @@ void TRunWidget::keyPressEvent(QKeyEvent* event) {
     mReleased.erase(event->nativeScanCode());
     mHost.SetKeyState(*code, true);
   }
-  for (const TKeyPress& press :
-       translate_key(event->key(), event->modifiers(), event->text())) {
+  for (const TKeyPress& press : translate_key(event->key(), event->modifiers(), event->text())) {
     const bool isFunctionKey = press.key != 0;
     if (press.isCommand && !isFunctionKey) {
       mView.CtrlKeyDown(press.bytes[0]);

@@ -19,8 +19,8 @@ class TRunWidget final : public TBasicView {
  public:
   TRunWidget(TRunView& view, TRunWindowHost& host, QWidget* parent);
 
-  /// Pixels of the host at an ordinary resolution for one of the machine's, from 1 on: the size that
-  /// the widget wants.
+  /// Pixels of the host at an ordinary resolution for one of the machine's, from 1 on: the size
+  /// that the widget wants.
   static constexpr int MAX_STEP = 4;
   void SetStep(int step);
   int Step() const { return mStep; }

@@ -37,12 +37,11 @@ TRunWindow::TRunWindow(TWindowContext& context, const TSettingsPlace* place)
   // Without a menu bar these work as well.
   addActions({mMenuBarItem, mFullScreenItem});
   mHost.SetWindow(HandlerId());
-  mHost.SetCalls({[this](const TRect& changed) { mWidget->Present(changed); },
-                  [this] { mRunView.FlushScreen(); },
-                  [this](const std::string& title) {
-                    setWindowTitle(QString::fromStdString(title));
-                  },
-                  {}});
+  mHost.SetCalls(
+      {[this](const TRect& changed) { mWidget->Present(changed); },
+       [this] { mRunView.FlushScreen(); },
+       [this](const std::string& title) { setWindowTitle(QString::fromStdString(title)); },
+       {}});
   LoadMRUF();
   CreateMenu();
   MoveToFrame(Engine().exitStates->RWFr);
@@ -91,7 +90,9 @@ void TRunWindow::LanguageChanged() {
   mRunView.LanguageChanged();
 }
 
-void TRunWindow::IAPChanged(const TMessage&) { SetLabelsCommon(); }
+void TRunWindow::IAPChanged(const TMessage&) {
+  SetLabelsCommon();
+}
 
 void TRunWindow::SetDrvFolderRqtd(const TMessage& message) {
   int32_t drive = 0;
@@ -127,8 +128,8 @@ void TRunWindow::MItemSpecifyDrvFolderClicked(const TMessage& message) {
       mRunView.SetDriveFolder(mSpecifyDrive, QFile::encodeName(path).toStdString());
     });
   }
-  mSpecifyPanel->setWindowTitle(QString::fromStdString(replace_placeholder(
-      GetString("%AppName%: Specify Drive Folder"), "%AppName%", APP_NAME)));
+  mSpecifyPanel->setWindowTitle(QString::fromStdString(
+      replace_placeholder(GetString("%AppName%: Specify Drive Folder"), "%AppName%", APP_NAME)));
   mSpecifyPanel->setLabelText(QFileDialog::Accept, QString::fromStdString(GetString("Specify")));
   mSpecifyPanel->show();
   mSpecifyPanel->raise();

@@ -64,8 +64,7 @@ void TRunWindowHost::SetTitle(const std::string& title) {
   });
 }
 
-void TRunWindowHost::DriveChanged(int32_t index, const std::string& path,
-                                  const std::string& name) {
+void TRunWindowHost::DriveChanged(int32_t index, const std::string& path, const std::string& name) {
   TMessage message("udfr");
   message.AddInt32("DrvFolderIdx", index);
   message.AddRef("DrvFolderERef", TPathRef{path});

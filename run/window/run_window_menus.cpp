@@ -91,8 +91,8 @@ void TRunWindow::CreateCopyMenu() {
   menu->addSeparator();
   AddItem(menu, "Graphic: Display Page", "G", page_message(-1));
   for (int32_t page = 0; page < PAGE_COUNT; ++page) {
-    const std::string label = replace_placeholder(GetString("Graphic: Page %Num%"), "%Num%",
-                                                  std::to_string(page));
+    const std::string label =
+        replace_placeholder(GetString("Graphic: Page %Num%"), "%Num%", std::to_string(page));
     AddItem(menu, label, "", page_message(page));
   }
   menu->addSeparator();
@@ -124,8 +124,8 @@ void TRunWindow::CreateSizeItems(QMenu* menu) {
   for (int step = 1; step <= TRunWidget::MAX_STEP; ++step) {
     const std::string label =
         replace_placeholder(GetString("Size: %Num% Times"), "%Num%", std::to_string(step));
-    QAction* item = group->addAction(
-        menu->addAction(menu_label(Engine(), label, std::to_string(step))));
+    QAction* item =
+        group->addAction(menu->addAction(menu_label(Engine(), label, std::to_string(step))));
     item->setCheckable(true);
     item->setChecked(step == mWidget->Step());
     connect(item, &QAction::triggered, this, [this, step] { mWidget->SetStep(step); });

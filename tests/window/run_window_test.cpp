@@ -38,8 +38,9 @@ TEST_F(TRunWindowTest, ShowsTheSamePictureAsAScreenshot) {
   RunToEnd(PICTURE);
   const std::string png = mFolder.Path("picture.png");
   QProcess console;
-  console.start(ZOKA_PROGRAM, {"run", "--no-config", "--screenshot", QString::fromStdString(png),
-                               QString::fromStdString(mFolder.Path("test.bas"))});
+  console.start(ZOKA_PROGRAM,
+                {"run", "--config", "none", "--screenshot", QString::fromStdString(png),
+                 QString::fromStdString(mFolder.Path("test.bas"))});
   ASSERT_TRUE(console.waitForFinished(WAIT_MS));
   ASSERT_EQ(console.exitCode(), 0) << console.readAllStandardError().toStdString();
   TPicture expected;
@@ -205,9 +206,10 @@ TEST_F(TRunWindowTest, TheDriveMenuShowsTheFolder) {
   const QString folder = QString::fromStdString(extract_file_name(mFolder.Path()));
   QMenu* menu = menu_of(window, "FDD1(&1)");
   ASSERT_NE(menu, nullptr);
-  ASSERT_TRUE(Until([&] { return menu->actions()[0]->text() == folder + "(&C) ..." ||
-                                 menu->actions()[0]->text() == folder + " (&C)..."; }))
-      << menu->actions()[0]->text().toStdString();
+  ASSERT_TRUE(Until([&] {
+    return menu->actions()[0]->text() == folder + "(&C) ..." ||
+           menu->actions()[0]->text() == folder + " (&C)...";
+  })) << menu->actions()[0]->text().toStdString();
   const qsizetype items = menu->actions().size();
   EXPECT_EQ(items, 4);
   menu->actions()[1]->trigger();
@@ -295,7 +297,7 @@ TEST_F(TRunWindowTest, AnAlertIsShownAndAnswered) {
   ASSERT_TRUE(Until([&] { return mEngine->Alerts().OpenDialog() != nullptr; }));
   QMessageBox* box = mEngine->Alerts().OpenDialog();
   EXPECT_EQ(box->text().toStdString(),
-            "Runtime Error\nLine: 10\nDivision by zero.\n\n\n* Zoka-BASIC *");
+            "Runtime Error\n\nDivision by zero.\n\nLine: 10\n\n\n* Zoka-BASIC *");
   EXPECT_EQ(box->windowModality(), Qt::ApplicationModal);
   QTest::keyClick(box, Qt::Key_U);
   EXPECT_TRUE(Until([&] { return IsIdle(); }));
@@ -312,7 +314,7 @@ TEST_F(TRunWindowTest, KillTakesAnAlertDown) {
 }
 
 TEST_F(TRunWindowTest, ACompileFaultIsShownWhileTheDocumentIsIdle) {
-  Start("10 PRINT (\n");
+  Start("10 IF\n");
   ASSERT_TRUE(Until([&] { return mEngine->Alerts().OpenDialog() != nullptr && IsIdle(); }));
   mEngine->Alerts().OpenDialog()->reject();
   EXPECT_TRUE(Until([&] { return mEngine->Alerts().OpenDialog() == nullptr; }));
