@@ -18,8 +18,8 @@ struct TAlert {
   int escapeIndex = -1;
 };
 
-/// Shows alerts. Called on any thread; blocks until it is answered. Only where the calling thread is
-/// neither the host's own nor the `waiter` may it return -1 at once, the alert being shown on.
+/// Shows alerts. Called on any thread; blocks until it is answered. Only on a thread that is neither
+/// the host's own nor the `waiter` may it return -1 at once, the alert being left to be read.
 class TAlertHost {
  public:
   virtual ~TAlertHost() = default;

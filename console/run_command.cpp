@@ -108,7 +108,8 @@ class TRunCommand {
     if (mOptions.screenshot.empty()) return;
     TFrameBuffer picture;
     TScreenPainter(mEngine.View().Rsrc()).DrawComposition(picture);
-    if (!write_png(mOptions.screenshot, picture)) mUnwritten = report_unwritten(mOptions.screenshot);
+    if (write_png(mOptions.screenshot, picture)) return;
+    mUnwritten = report_unwritten(mOptions.screenshot);
   }
 
   /// Music of an ended program plays to its end, unless a signal or the time limit cuts it.

@@ -59,8 +59,8 @@ class TDocumentHost {
   virtual void ShowRun();
   /// The state of the document has changed.
   virtual void StateChanged();
-  /// A compilation begun by StartRun has ended: have FinishRun(compilation) called on the document's
-  /// thread, later. Called on the compiler's thread.
+  /// A compilation begun by StartRun has ended: have FinishRun(compilation) called later, on the
+  /// document's thread. Called on the compiler's thread.
   virtual void CompileEnded(int64_t compilation);
 };
 

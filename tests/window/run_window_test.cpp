@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QInputMethodEvent>
 #include <QMenu>
+#include <QMouseEvent>
 #include <mutex>
 
 #include "app/settings/exit_states.h"
@@ -117,7 +118,6 @@ TEST_F(TRunWindowTest, FunctionKeysTypeTheirTexts) {
 }
 
 TEST_F(TRunWindowTest, TheMatrixShowsTheKeysThatAreDown) {
-  // A lies on port &HE2, bit 1, in the machine's matrix only through its own code.
   const auto isDown = [&](size_t code) { return mApp->RunWindow().Host().KeyStates().test(code); };
   SendKey(QEvent::KeyPress, Qt::Key_A, 30 + 8);
   EXPECT_TRUE(isDown(0x3C));
@@ -139,7 +139,9 @@ TEST_F(TRunWindowTest, TheMouseReachesTheProgram) {
       "30 PRINT MOUSE(0);MOUSE(1);MOUSE(4,1);MOUSE(5,1);MOUSE(2,1)\n"
       "40 IF MOUSE(6,1)=0 THEN 40\n50 PRINT \"up\";MOUSE(7,1)\n",
       "go");
-  QTest::mouseMove(&Widget(), QPoint(100, 50));
+  QMouseEvent move(QEvent::MouseMove, QPointF(100, 50), Widget().mapToGlobal(QPointF(100, 50)),
+                   Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+  QApplication::sendEvent(&Widget(), &move);
   QTest::mousePress(&Widget(), Qt::LeftButton, {}, QPoint(100, 50));
   EXPECT_TRUE(Until([&] { return Shows(" 100  50  100  50  1"); })) << Screen();
   QTest::mouseRelease(&Widget(), Qt::LeftButton, {}, QPoint(110, 50));
