@@ -18,7 +18,7 @@ struct TAlert {
   int escapeIndex = -1;
 };
 
-/// Shows alerts. Called on any thread; blocks until it is answered. Only on a thread that is neither
+/// Shows alerts. Called on any thread; blocks until it is answered. Only on a thread that is not
 /// the host's own nor the `waiter` may it return -1 at once, the alert being left to be read.
 class TAlertHost {
  public:
