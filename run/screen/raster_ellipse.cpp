@@ -20,8 +20,11 @@ struct TSpan {
 constexpr int32_t BEFORE_PAGE = -1;
 constexpr int32_t BEHIND_PAGE = SCREEN_WIDTH;
 
+/// A radius below half a pixel puts the centre on a pixel, so that the ellipse stays symmetric and
+/// does not vanish between two pixels.
 TEllipse normalised(TEllipse ellipse) {
   if (ellipse.rx < 0.5) ellipse.cx = std::floor(ellipse.cx + 0.5);
+  if (ellipse.ry < 0.5) ellipse.cy = std::floor(ellipse.cy + 0.5);
   return ellipse;
 }
 

@@ -184,6 +184,7 @@ TEST(TRectTest, CornersAreSortedInclusiveAndClipped) {
 bool ellipse_holds(TEllipse e, int64_t x, int64_t y) {
   if (!(e.rx >= 0) || !(e.ry >= 0)) return false;
   if (e.rx < .5) e.cx = std::floor(e.cx + .5);
+  if (e.ry < .5) e.cy = std::floor(e.cy + .5);
   const double dy = static_cast<double>(y) - e.cy;
   if (!(std::fabs(dy) < e.ry + .5)) return false;
   const double q = dy / (e.ry + .5);
@@ -227,6 +228,7 @@ TEST(TEllipseTest, AllSizesFollowTheFormula) {
     for (double ry : {0.0, 0.2, 0.5, 3.0, 19.75, 100.0}) {
       expect_ellipse({300, 200, rx, ry});
       expect_ellipse({300.4, 199.75, rx, ry});
+      expect_ellipse({300.5, 199.5, rx, ry});
     }
   }
 }
@@ -281,6 +283,7 @@ TEST(TEllipseTest, RandomOnesFollowTheFormula) {
 
 bool sector_holds(TEllipse e, const TSector& s, int32_t x, int32_t y) {
   if (e.rx < .5) e.cx = std::floor(e.cx + .5);
+  if (e.ry < .5) e.cy = std::floor(e.cy + .5);
   const double t =
       std::atan2((e.cy - y) / (e.ry + .5), (x - e.cx) / (e.rx + .5)) * (180 / std::numbers::pi);
   double turned = std::fmod(t - s.start, 360.0);

@@ -1,0 +1,4 @@
+10 ' Arcs of a 200-line mode have the angles of the round circle.
+20 SCREEN 1:CLS 3
+30 CIRCLE(150,100),120,2,0.3,-1.2:CIRCLE(150,100),120,4,-2,-3:CIRCLE(150,100),100,6,3.3,6
+40 CIRCLE(450,100),120,5,0.5,2.5,,F:CIRCLE(450,100),120,3,3.5,5.5,,F,1

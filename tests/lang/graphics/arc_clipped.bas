@@ -1,0 +1,4 @@
+10 ' Arcs and sectors that the screen's border cuts.
+20 SCREEN 3:CLS 3
+30 CIRCLE(0,200),150,2,5.5,0.8:CIRCLE(639,200),150,3,-2,-4,,F:CIRCLE(320,420),200,4,-0.6,-2.2
+40 CIRCLE(320,-20),100,5,3.3,6.1,,F,7:CIRCLE(-200,50),230,6,0.2,6

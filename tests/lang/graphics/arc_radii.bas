@@ -1,0 +1,5 @@
+10 ' A negative angle draws its radius too: at the start, at the end, at both.
+20 SCREEN 3:CLS 3
+30 CIRCLE(100,100),70,1,-0.5,2:CIRCLE(280,100),70,2,0.5,-2:CIRCLE(460,100),70,4,-0.5,-2
+40 CIRCLE(100,280),70,3,-4,-1:CIRCLE(280,280),70,5,-1,-5,0.5:CIRCLE(460,280),70,6,-2,-3.6,1.6
+50 CIRCLE(580,190),50,7,0,-1.5708:CIRCLE(580,190),40,7,-3.14159,-3.14159

@@ -1,0 +1,6 @@
+10 ' Boxes that are partly, wholly or not on the screen.
+20 SCREEN 3:CLS 3
+30 LINE(-50,-50)-(60,40),2,B:LINE(600,-10)-(700,50),3,BF
+40 LINE(-100000,380)-(100000,100000),4,BF,5
+50 LINE(-10,60)-(-1,300),6,BF:LINE(640,60)-(650,300),6,BF:LINE(0,400)-(639,500),6,BF
+60 LINE(-1,-1)-(640,400),7,B:LINE(0,100)-(639,300),1,B

@@ -1,0 +1,5 @@
+10 ' Numbers that no circle can have leave the screen alone.
+20 SCREEN 3:CLS 3:A=VAL("1E30")
+30 CIRCLE(A,A),10,7:CIRCLE(-A,200),10,7,,,,F:CIRCLE(320,200),SQR(-1),7:CIRCLE(SQR(-1),200),50,7
+40 CIRCLE(320,-A),1,7:CIRCLE(320,200),SQR(-1),7,,,,F:CIRCLE(A,200),50,7,1,2
+50 CIRCLE(320,200),20,4

@@ -1,0 +1,6 @@
+10 ' Filled circles, with their own outline colour and without.
+20 SCREEN 3:CLS 3
+30 CIRCLE(100,100),60,2,,,,F:CIRCLE(250,100),60,2,,,,F,6
+40 CIRCLE(400,100),60,4,,,0.5,F,1:CIRCLE(550,100),60,4,,,2,F,1
+50 CIRCLE(100,250),60,5,,,,F,16:CIRCLE(250,250),60,5,,,,F,"tile":CIRCLE(400,250),60,3,,,,F,0
+60 FOR R=0 TO 10:CIRCLE(30+R*40,350),R,7,,,,F,R MOD 7:NEXT R

@@ -1,0 +1,5 @@
+10 ' STEP before the second point counts from the first, which no STEP moves.
+20 SCREEN 3:CLS 3:DIM A%(9)
+30 LINE(50,50)-(150,90),3,BF,1:LINE(50,50)-(150,90),6:POINT(500,300)
+40 GET@(50,50)-STEP(100,40),A%:PUT@(200,50),A%,PSET:LINE-STEP(20,-30),7
+50 GET@ STEP(100,40)-STEP(50,50),A%:PUT@(300,200),A%,PSET

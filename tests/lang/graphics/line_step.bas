@@ -1,0 +1,10 @@
+10 ' STEP on the first, the second and both points, and the first point left out.
+20 SCREEN 3:CLS 3
+30 PSET(100,100),7
+40 LINE STEP(10,10)-(200,120),1
+50 LINE-(250,60),2
+60 LINE-STEP(50,-20),3
+70 LINE STEP(5,0)-STEP(0,100),4
+80 LINE(20,300)-STEP(100,50),5,B
+90 LINE STEP(20,-80)-STEP(60,40),6,BF
+100 LINE-STEP(0,0),7

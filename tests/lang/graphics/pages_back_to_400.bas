@@ -1,0 +1,3 @@
+10 ' Pages 2 and 3 become page 0 in a 400-line mode, page 1 stays.
+20 SCREEN 0,0,2,17:CLS 3:LINE(0,0)-(639,199),2,BF:SCREEN 3:LINE(50,50)-(150,350),5,BF
+30 SCREEN 0,0,1,2:LINE(300,50)-(400,150),6,BF:SCREEN 2:LINE(0,300)-(639,399),1,B

@@ -1,0 +1,6 @@
+10 ' Teeth from above and below, and a region that is painted twice.
+20 SCREEN 2:CLS 3
+30 LINE(10,30)-(630,390),7,B
+40 FOR I=1 TO 30:LINE(10+I*20,30)-(10+I*20,380),7:NEXT I
+50 FOR I=1 TO 30 STEP 3:LINE(20+I*20,390)-(20+I*20,40),7:NEXT I
+60 PAINT(11,389),4,7:PAINT(11,389),6,7:PAINT STEP(300,-200),1,7

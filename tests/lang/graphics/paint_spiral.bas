@@ -1,0 +1,9 @@
+10 ' A fill finds its way through a spiral and round islands.
+20 SCREEN 3:CLS 3
+30 X=20:Y=20:W=600:H=360:PSET(X,Y),7
+40 WHILE H>20
+50 LINE-STEP(W,0),7:LINE-STEP(0,H),7:W=W-20:LINE-STEP(-W,0),7:H=H-20:LINE-STEP(0,-H),7
+60 W=W-20:H=H-20
+70 WEND
+80 FOR I=0 TO 11:CIRCLE(60+I*48,30),4,7:NEXT I
+90 PAINT(25,35),2,7

@@ -1,0 +1,4 @@
+10 ' The analog mode of 16 colours.
+20 SCREEN 2:COLOR ,,,,2:CLS 3
+30 FOR I=0 TO 15:LINE(I*40,100)-(I*40+39,299),I,BF:NEXT I
+40 FOR I=8 TO 15:COLOR=(I,(I-8)*&H210+15):NEXT I

@@ -1,0 +1,7 @@
+10 ' PUT@ combines a stored picture in five ways with what is there.
+20 SCREEN 3:CLS 3:DIM A%(10)
+30 FOR I=0 TO 15:LINE(I*4,0)-(I*4+3,31),I,BF:NEXT I
+40 GET@(0,0)-(63,31),A%
+50 FOR I=0 TO 15:LINE(0,100+I*4)-(639,103+I*4),15-I,BF:NEXT I
+60 PUT@(20,116),A%,PSET:PUT@(120,116),A%,PRESET:PUT@(220,116),A%,OR
+70 PUT@(320,116),A%,AND:PUT@(420,116),A%,XOR:PUT@(520,116),A%

@@ -1,0 +1,3 @@
+10 ' The second 200-line mode.
+20 SCREEN 1:CLS 3
+30 FOR I=0 TO 7:LINE(I*80,I*10)-(I*80+70,199-I*10),I,BF,7-I:NEXT I

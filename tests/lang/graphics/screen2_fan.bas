@@ -1,0 +1,4 @@
+10 ' The first 400-line mode: lines from the middle to everywhere.
+20 SCREEN 2:CLS 3
+30 FOR X=0 TO 639 STEP 29:LINE(320,200)-(X,0),X MOD 7+1:LINE(X,399)-(320,200),X MOD 6+2:NEXT X
+40 FOR Y=0 TO 399 STEP 23:LINE(0,Y)-(320,200),Y MOD 7+1:LINE(320,200)-(639,Y),Y MOD 5+1:NEXT Y
