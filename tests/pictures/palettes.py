@@ -133,3 +133,10 @@ def pages_back_to_400(m):
     m.screen(3, active=1, display=1)
     m.box_fill(300, 50, 400, 150, 6)
     m.box(0, 300, 639, 399, 1)
+
+
+def refusal_half_way(m):
+    m.screen(3)
+    m.box(0, 0, 639, 399, 3)
+    m.box_fill(50, 150, 300, 350, 6)
+    m.print("@Runtime_Err_Ill_Func_Call@ in 20")

@@ -1,0 +1,3 @@
+10 ' A palette changes what is seen, not what POINT reads.
+20 SCREEN 3:CLS 3:PSET(5,5),3:COLOR=(3,0):PRINT POINT(5,5):COLOR ,,,,2:PRINT POINT(5,5)
+30 COLOR=(15,&HFFF):PSET(6,6),15:COLOR:PRINT POINT(6,6);POINT(5,5)

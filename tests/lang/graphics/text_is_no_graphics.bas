@@ -1,0 +1,2 @@
+10 ' Text does not stand on the page.
+20 SCREEN 3:CLS 3:LOCATE 0,0:PRINT "MMMM":S=0:FOR Y=0 TO 15:FOR X=0 TO 31:S=S+POINT(X,Y):NEXT X,Y:PRINT S
