@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Makes the expected pictures of tests/lang/graphics, all or those named, from formulas.
+"""Makes the expected pictures of tests/lang, all or those named, from formulas.
 
 The engine is not used. A picture ends with the "Ok" that a program writes where it ends.
 """
@@ -17,12 +17,13 @@ import circles
 import fills
 import lines
 import palettes
+import samples
 import texts
 from glyphs import Glyphs
 from machine import HEIGHT, WIDTH, Machine
 
-FOLDER = pathlib.Path(__file__).resolve().parent.parent / "lang" / "graphics"
-SUBJECTS = (lines, circles, fills, blocks, palettes, texts)
+LANG = pathlib.Path(__file__).resolve().parent.parent / "lang"
+SUBJECTS = (lines, circles, fills, blocks, palettes, texts, samples)
 PALETTE_COLOURS = 3
 
 
@@ -43,21 +44,24 @@ def write_png(path, pixels):
 
 
 def functions():
+    """Each picture's folder, name and function."""
     for subject in SUBJECTS:
+        folder = LANG / ("samples" if subject is samples else "graphics")
         for name, function in inspect.getmembers(subject, inspect.isfunction):
-            if function.__module__ == subject.__name__:
-                yield name, function
+            parameters = list(inspect.signature(function).parameters)
+            if parameters == ["m"] and not name.startswith("_"):
+                yield folder, name, function
 
 
 def main(wanted):
     glyphs = Glyphs()
-    for name, function in functions():
+    for folder, name, function in functions():
         if wanted and name not in wanted:
             continue
         machine = Machine(glyphs)
         function(machine)
         machine.write("Ok")
-        write_png(FOLDER / (name + ".png"), machine.composition())
+        write_png(folder / (name + ".png"), machine.composition())
         print(name)
 
 
