@@ -4,6 +4,9 @@
 #include "vm/vmachine.h"
 
 namespace zoka {
+
+static_assert(PLAY_INTERRUPT_MASK == TRAP_PLAY, "the player raises the machine's own event");
+
 namespace {
 
 /// The machine as the player's waits see it.

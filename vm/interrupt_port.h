@@ -7,6 +7,7 @@
 #include <functional>
 
 #include "common/mutex.h"
+#include "core/traps.h"
 
 namespace zoka {
 
@@ -14,12 +15,12 @@ namespace zoka {
 enum TIrMask : uint32_t {
   IR_FORCED_STOP = 0x1,
   IR_SPEED_CONTROL = 0x2,
-  IR_STOP_KEY = 0x8,
-  IR_HELP_KEY = 0x10,
-  IR_TIME = 0x20,
-  IR_KEY_1 = 0x40,  // to 0x8000, KEY 10
-  IR_PLAY = 0x40000,
-  IR_MOUSE_MOVED = 0x200000,
+  IR_STOP_KEY = TRAP_STOP,
+  IR_HELP_KEY = TRAP_HELP,
+  IR_TIME = TRAP_TIME,
+  IR_KEY_1 = TRAP_KEY,  // to 0x8000, KEY 10
+  IR_PLAY = TRAP_PLAY,
+  IR_MOUSE_MOVED = TRAP_MOUSE,
   IR_MOUSE_LEFT_DOWN = 0x400000,
   IR_MOUSE_RIGHT_DOWN = 0x800000,
   IR_MOUSE_LEFT_UP = 0x1000000,
