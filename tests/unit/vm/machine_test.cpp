@@ -24,7 +24,7 @@ TEST(Machine, AnErrorShowsAnAlertAndTheLine) {
   EXPECT_EQ(rig.alertLog.alerts[0].text,
             "Runtime Error\n\n@Runtime_Err_Stop_Break@.\n\nLine: 120\n");
   EXPECT_EQ(rig.alertLog.alerts[0].title, "* Zoka-BASIC *");
-  EXPECT_EQ(rig.alertLog.alerts[0].buttons, std::vector<std::string>{"Understand"});
+  EXPECT_EQ(rig.alertLog.alerts[0].buttons, std::vector<std::string>{"Understand(U)"});
   EXPECT_EQ(rig.Screen(), "@Runtime_Err_Stop_Break@ in 120\nOk");
 }
 
