@@ -1,0 +1,25 @@
+10 ' Sound effects for games, by the loudspeaker's BEEP and by PLAY.
+20 WIDTH 80,25:CONSOLE 0,25:COLOR 7:CLS 3
+30 PRINT "A short beep":BEEP
+40 SLEEP 200
+50 ' BEEP 1 and BEEP 0 hold the tone as long as the program likes.
+60 PRINT "Alarm clock"
+70 FOR I=1 TO 2
+80 FOR J=1 TO 3:BEEP 1:SLEEP 60:BEEP 0:SLEEP 60:NEXT J
+90 SLEEP 200
+100 NEXT I
+110 ' A name and up to three voices for each of the others.
+120 FOR I=1 TO 6
+130 READ NAME$,A$,B$,C$
+140 PRINT NAME$
+150 PLAY A$,B$,C$
+160 SLEEP 300
+170 NEXT I
+180 PRINT "That was all."
+190 END
+200 DATA "Coin", "T180@10V14O6L16B>E4", "", ""
+210 DATA "Laser", "T255@14O7L64CO6GECO5GECO4GEC", "", ""
+220 DATA "Jump", "T200@29Q8O4L64CDEFGAB>CDE", "", ""
+230 DATA "Stairs down", "T150@13Q4O5L16GFEDC", "@13Q4O4L16GFEDC", ""
+240 DATA "Explosion", "T120@49V15O1L32CCCCC8", "@49V15O1L32C+C+C+C+C+8", "@49V13O1L32DDDDD4"
+250 DATA "Well done", "T160@21V14O5L8CEG>C2", "@21V11O4L8GB>CE2", "@21V11O4L8CDEG2"
