@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 
 #include "common/types.h"
 
@@ -119,8 +120,11 @@ class TClock {
   virtual void ForgetWake(TWake& wake) = 0;
 };
 
-/// The host's clock.
-std::unique_ptr<TClock> make_real_clock();
+/// The local time that is `elapsed` microseconds behind `start`, fractions of a second dropped.
+TLocalTime local_time_after(const TLocalTime& start, bigtime_t elapsed);
+
+/// The host's clock. With `start` its local time begins there and goes on from it.
+std::unique_ptr<TClock> make_real_clock(const std::optional<TLocalTime>& start = {});
 
 /// A clock that stands still but for waits and polls. `start` is its local time at system_time 0.
 std::unique_ptr<TClock> make_simulated_clock(const TLocalTime& start = TLocalTime{1980, 1, 1});

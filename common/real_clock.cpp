@@ -13,6 +13,7 @@ namespace zoka {
 
 class TRealClock final : public TClock {
  public:
+  explicit TRealClock(const std::optional<TLocalTime>& start) : mStart(start) {}
   ~TRealClock() override;
 
   bigtime_t system_time() override { return host_time(); }
@@ -50,6 +51,8 @@ class TRealClock final : public TClock {
   void Fire(TGuard& lock);
   void AwaitNextTimer(TGuard& lock);
 
+  const std::optional<TLocalTime> mStart;
+  const bigtime_t mMadeAt = host_time();
   std::mutex mLock;
   std::condition_variable mTimersChanged;
   std::condition_variable mFired;
@@ -72,6 +75,7 @@ TRealClock::~TRealClock() {
 }
 
 TLocalTime TRealClock::local_time() {
+  if (mStart) return local_time_after(*mStart, host_time() - mMadeAt);
   const time_t now = time(nullptr);
   tm parts{};
   localtime_r(&now, &parts);
@@ -164,8 +168,8 @@ void TRealClock::Fire(TGuard& lock) {
   }
 }
 
-std::unique_ptr<TClock> make_real_clock() {
-  return std::make_unique<TRealClock>();
+std::unique_ptr<TClock> make_real_clock(const std::optional<TLocalTime>& start) {
+  return std::make_unique<TRealClock>(start);
 }
 
 }  // namespace zoka

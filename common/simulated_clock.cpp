@@ -1,6 +1,5 @@
 // A clock that stands still but for waits and polls. All that is due lies in one queue; exactly one
 // of the threads that have entered runs, and whichever gives way finds the next and runs timers.
-#include <chrono>
 #include <limits>
 #include <map>
 #include <thread>
@@ -16,7 +15,6 @@ namespace {
 
 /// What one poll costs.
 constexpr bigtime_t POLL_TIME = 100;
-constexpr bigtime_t USEC_PER_SEC = 1'000'000;
 
 /// Place in the queue: time, who comes first at the same time, serial number.
 using TKey = std::tuple<bigtime_t, TActorClass, uint64_t>;
@@ -113,22 +111,7 @@ class TSimulatedClock final : public TClock {
 };
 
 TLocalTime TSimulatedClock::local_time() {
-  using namespace std::chrono;
-  const sys_days firstDay = year(mStart.year) / month(static_cast<unsigned>(mStart.month)) /
-                            day(static_cast<unsigned>(mStart.day));
-  const sys_seconds now = sys_seconds(firstDay) + hours(mStart.hour) + minutes(mStart.minute) +
-                          seconds(mStart.second) + seconds(system_time() / USEC_PER_SEC);
-  const sys_days today = floor<days>(now);
-  const year_month_day date(today);
-  const hh_mm_ss time(now - today);
-  TLocalTime result;
-  result.year = static_cast<int>(date.year());
-  result.month = static_cast<int>(static_cast<unsigned>(date.month()));
-  result.day = static_cast<int>(static_cast<unsigned>(date.day()));
-  result.hour = static_cast<int>(time.hours().count());
-  result.minute = static_cast<int>(time.minutes().count());
-  result.second = static_cast<int>(time.seconds().count());
-  return result;
+  return local_time_after(mStart, system_time());
 }
 
 TKey TSimulatedClock::Enqueue(bigtime_t when, TActorClass order, TEvent event) {

@@ -36,7 +36,7 @@ TLocalTime simulated_start(const TOptions& options) {
 
 std::unique_ptr<TClock> make_clock(const TOptions& options) {
   if (options.noWait) return make_simulated_clock(simulated_start(options));
-  return make_real_clock();
+  return make_real_clock(options.clock);
 }
 
 }  // namespace

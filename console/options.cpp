@@ -2,7 +2,8 @@
 #include "console/options.h"
 
 #include <charconv>
-#include <cstdio>
+#include <cstdlib>
+#include <string_view>
 
 #include "common/context.h"
 
@@ -124,14 +125,20 @@ bool set_no_wait(TOptions* options, const std::string&) { return options->noWait
 bool set_boot(TOptions* options, const std::string&) { return options->boot = true; }
 bool set_plain(TOptions* options, const std::string&) { return options->plain = true; }
 
-bool set_clock(TOptions* options, const std::string& value) {
-  TLocalTime time;
-  int used = 0;
-  if (std::sscanf(value.c_str(), "%4d-%2d-%2dT%2d:%2d:%2d%n", &time.year, &time.month, &time.day,
-                  &time.hour, &time.minute, &time.second, &used) != 6) {
-    return false;
+/// True if `value` has a digit for each 9 of `pattern` and is equal to it elsewhere.
+bool has_pattern(std::string_view value, std::string_view pattern) {
+  if (value.size() != pattern.size()) return false;
+  for (size_t i = 0; i < value.size(); ++i) {
+    bool isDigit = value[i] >= '0' && value[i] <= '9';
+    if (pattern[i] == '9' ? !isDigit : value[i] != pattern[i]) return false;
   }
-  if (used != 19 || value.size() != 19) return false;
+  return true;
+}
+
+bool set_clock(TOptions* options, const std::string& value) {
+  if (!has_pattern(value, "9999-99-99T99:99:99")) return false;
+  auto part = [&](size_t at, size_t digits) { return std::atoi(value.substr(at, digits).c_str()); };
+  TLocalTime time{part(0, 4), part(5, 2), part(8, 2), part(11, 2), part(14, 2), part(17, 2)};
   constexpr int DAYS[12] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
   if (time.month < 1 || time.month > 12 || time.day < 1) return false;
   bool isLeap = (time.year % 4 == 0 && time.year % 100 != 0) || time.year % 400 == 0;

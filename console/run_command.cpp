@@ -40,7 +40,7 @@ class TRunCommand {
     mStdinKeys.reset();
     mTerminal.reset();
     mHost.SetLive(false);
-    if (mWroteRun && !wasLive) mHost.WriteScreen(mEngine.View().Rsrc());
+    if (!wasLive) mHost.WriteScreen(mEngine.View().Rsrc());
     mHost.FlushOutput();
     WriteScreenshot();
     FinishMusic();
@@ -96,7 +96,8 @@ class TRunCommand {
       if (outcome == TRunOutcome::CompileFailed) return EXIT_COMPILE_ERROR;
       if (outcome == TRunOutcome::LoadFailed) return EXIT_NO_LIST;
       if (outcome != TRunOutcome::Started) return EXIT_OK;
-      mWroteRun = true;
+      // A stop that came before there was a machine is made up for.
+      if (mWatch.Status() != 0) mEngine.View().ForceStop();
       int32_t status = mEngine.View().WaitForEnd();
       TMessage next;
       if (mWatch.Status() != 0 || mHost.OutputFailed() || !mHost.TakeRequest(&next)) return status;
@@ -134,7 +135,6 @@ class TRunCommand {
   TWatch mWatch;
   std::unique_ptr<TStdinKeys> mStdinKeys;
   std::unique_ptr<TTerminal> mTerminal;
-  bool mWroteRun = false;
   int mUnwritten = EXIT_OK;
 };
 

@@ -67,6 +67,7 @@ void TStdinKeys::Run() {
     lineOpen = pending.back() != '\n';
     mFeeder.Add(keys_of_text(&pending));
   }
+  if (!pending.empty()) mFeeder.Add({TFeedItem{TFeedItem::TKind::Key, pending, 0, 0, {}}});
   // The last line ends with a Return also where its line feed is missing.
   if (lineOpen) mFeeder.Add({TFeedItem{TFeedItem::TKind::Key, RETURN_KEY, 0, 0, {}}});
   mFeeder.Finish();

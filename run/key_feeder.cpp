@@ -1,6 +1,7 @@
 // Handing over scripted keys: what --type means, and when each key goes out.
 #include "run/key_feeder.h"
 
+#include <algorithm>
 #include <charconv>
 #include <utility>
 
@@ -123,7 +124,7 @@ bool parse_key_text(std::string_view text, std::deque<TFeedItem>* items, std::st
       }
     } else {
       std::string_view rest = text.substr(pos);
-      size_t bytes = char_length(rest);
+      size_t bytes = std::max<size_t>(char_length(rest), 1);
       bool isNewLine = rest[0] == '\n' || rest[0] == '\r';
       item.bytes = isNewLine ? std::string("\x0A") : std::string(rest.substr(0, bytes));
       pos += bytes;
@@ -147,14 +148,12 @@ void TKeyFeeder::Add(std::deque<TFeedItem> items) {
 }
 
 void TKeyFeeder::Finish() {
-  bool starved;
   {
     TLock lock(mMutex);
     mFinished = true;
-    starved = mActive && mStarving && mItems.empty();
   }
   mAdded.Signal();
-  if (starved) StopProgram();
+  Pump();
 }
 
 void TKeyFeeder::Begin() {
@@ -199,6 +198,12 @@ void TKeyFeeder::HasRoom() {
   Pump();
 }
 
+bool TKeyFeeder::IsStarved() {
+  TLock lock(mMutex);
+  return mActive && mStarving && mFinished && mItems.empty() && mTimer == 0 &&
+         mView.Rsrc().KeyBufCount() == 0;
+}
+
 bool TKeyFeeder::IsDry() {
   TLock lock(mMutex);
   return mActive && !mFinished && !mInteractive && mItems.empty() && mTimer == 0;
@@ -213,22 +218,17 @@ void TKeyFeeder::Look() {
 }
 
 void TKeyFeeder::WaitBegins(bigtime_t deadline) {
+  {
+    TLock lock(mMutex);
+    mStarving = mActive && deadline == FOREVER;
+  }
   Release();
-  if (deadline != FOREVER || mView.Rsrc().KeyBufCount() > 0) return;
-  for (;;) {
-    {
-      TLock lock(mMutex);
-      if (!mActive || !mItems.empty() || mTimer != 0) return;
-      mStarving = true;
-      if (mFinished) break;
-    }
-    // Keys that come from outside take no simulated time, so the program stands still for them.
-    if (!mClock.IsSimulated()) return;
+  if (deadline != FOREVER) return;
+  // Keys that come from outside take no simulated time, so the program stands still for them.
+  while (mClock.IsSimulated() && mView.Rsrc().KeyBufCount() == 0 && IsDry()) {
     mClock.RealWait(mAdded);
     Pump();
-    if (mView.Rsrc().KeyBufCount() > 0) return;
   }
-  StopProgram();
 }
 
 void TKeyFeeder::StopProgram() {
@@ -254,6 +254,11 @@ bool TKeyFeeder::TakeNext(TFeedItem* item) {
 }
 
 void TKeyFeeder::Pump() {
+  HandOver();
+  if (IsStarved()) StopProgram();
+}
+
+void TKeyFeeder::HandOver() {
   {
     // One thread hands over at a time; another's wish makes it look again.
     TLock lock(mMutex);

@@ -45,7 +45,8 @@ class TKeyFeeder {
   /// as by the break key.
   void Finish();
 
-  /// A run begins: hands over from its first look for a key on, or a moment later.
+  /// A run is about to begin. The program comes first: keys are handed over when it first waits,
+  /// looks for a key or lets time pass, so that it can set its traps and key texts before.
   void Begin();
   /// The run has ended; nothing is handed over until the next one begins.
   void End();
@@ -60,11 +61,13 @@ class TKeyFeeder {
  private:
   void Release();
   void Pump();
+  void HandOver();
   bool TakeNext(TFeedItem* item);
   void Do(const TFeedItem& item);
   void StartWait(bigtime_t delay);
   void StopProgram();
   bool IsDry();
+  bool IsStarved();
 
   TClock& mClock;
   TRunView& mView;
@@ -74,12 +77,12 @@ class TKeyFeeder {
   bool mFinished = false;
   bool mInteractive = false;  // before the first run
   bool mActive = false;
-  bool mStarving = false;  // the program waits for a key without limit
+  bool mStarving = false;  // the program waits for a key without limit, and none has come yet
   bool mHolding = false;   // the run has not come to its first key yet
   bool mPumping = false;
   bool mAgain = false;
   bool mWaitOver = false;
-  TTimerId mTimer = 0;
+  TTimerId mTimer = 0;  // of a {WAIT}
   std::atomic<TTimerId> mStartTimer{0};
 };
 

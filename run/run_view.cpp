@@ -166,14 +166,14 @@ bool TRunView::ReadyBasic() {
   ClearTimeDlRunner();
   SetWinTitle();
   // Keys of a script that were handed over but not read belong to the next run.
-  if (mKeyFeeder == nullptr) mRsrc.ClearKeyBuf();
+  if (mKeyFeeder.load() == nullptr) mRsrc.ClearKeyBuf();
   SetUseSpeedControl();
   return true;
 }
 
 bool TRunView::RunBasic(const TMessage& start) {
   if (!mMachine || !mMachine->SetStartPos(start)) return false;
-  if (mKeyFeeder != nullptr) mKeyFeeder->Begin();
+  if (TKeyFeeder* feeder = mKeyFeeder.load()) feeder->Begin();
   mMachine->Resume();
   return true;
 }
@@ -183,7 +183,7 @@ bool TRunView::QuitBasic(TVMachine* which) {
   mPlayer.SetVMachine(nullptr);
   mMachine->Terminate();
   PreventInputBlock();
-  if (mKeyFeeder != nullptr) mKeyFeeder->End();
+  if (TKeyFeeder* feeder = mKeyFeeder.load()) feeder->End();
   mMachine->Wait(nullptr);
   mMachine.reset();
   SetPort(nullptr);
@@ -220,12 +220,14 @@ void TRunView::ForceStop() {
   CancelCompile();
   mStopRequested.store(true);
   if (auto port = Port()) port->Terminate();
+  // The machine may stand still for keys that never come.
+  if (TKeyFeeder* feeder = mKeyFeeder.load()) feeder->End();
 }
 
 void TRunView::PreventInputBlock() { mRsrc.PushToKeyBuf("\x0A", 1); }
 
 void TRunView::SetKeyFeeder(TKeyFeeder* feeder) {
-  mKeyFeeder = feeder;
+  mKeyFeeder.store(feeder);
   mInputs->SetKeyFeeder(feeder);
 }
 
@@ -354,11 +356,11 @@ void TRunView::TranscriptRow(const std::string& row) { mHost.TranscriptRow(row);
 
 void TRunView::KeyWaitBegins(bigtime_t deadline) {
   FlushOutput();
-  if (mKeyFeeder != nullptr) mKeyFeeder->WaitBegins(deadline);
+  if (TKeyFeeder* feeder = mKeyFeeder.load()) feeder->WaitBegins(deadline);
 }
 
 void TRunView::KeyBufHasRoom() {
-  if (mKeyFeeder != nullptr) mKeyFeeder->HasRoom();
+  if (TKeyFeeder* feeder = mKeyFeeder.load()) feeder->HasRoom();
 }
 
 void TRunView::SendRunRequest(const TMessage& message) {

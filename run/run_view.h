@@ -179,7 +179,7 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   std::unique_ptr<TPlayTarget> mPlayTarget;
   mutable TMutex mPortLock{TLockRank::Leaf};
   std::shared_ptr<TInterruptPort> mPort;  // the machine's, for events; under mPortLock
-  TKeyFeeder* mKeyFeeder = nullptr;
+  std::atomic<TKeyFeeder*> mKeyFeeder{nullptr};
   std::atomic<bool> mCancelCompile{false};
   std::atomic<bool> mStopRequested{false};
   TException mCompileFault;

@@ -13,11 +13,10 @@ namespace {
 using TItems = std::list<std::string>;
 
 /// INPUT in its forms with a keyboard: asks again until the number of items is right.
-void input_items(TVMachine& m, int32_t count, TShelter saved, int32_t* timeout) {
+void input_items(TVMachine& m, int32_t count, TShelter saved, const int32_t* timeout) {
   for (;;) {
     TItems items;
-    InputFromUser(m, &items, false, timeout);
-    if (m.IsTerminated() || (timeout != nullptr && *timeout < 0)) return;
+    if (!InputFromUser(m, &items, false, timeout) || m.IsTerminated()) return;
     if (static_cast<int32_t>(items.size()) == count) {
       m.AssignInputDatas(items, &saved);
       return;
@@ -30,10 +29,9 @@ void input_items(TVMachine& m, int32_t count, TShelter saved, int32_t* timeout) 
 }
 
 /// LINE INPUT in its forms with a keyboard.
-void input_line(TVMachine& m, TShelter saved, int32_t* timeout) {
+void input_line(TVMachine& m, TShelter saved, const int32_t* timeout) {
   TItems items;
-  InputFromUser(m, &items, true, timeout);
-  if (m.IsTerminated() || (timeout != nullptr && *timeout < 0)) return;
+  if (!InputFromUser(m, &items, true, timeout) || m.IsTerminated()) return;
   m.AssignInputDatas(items, &saved);
 }
 

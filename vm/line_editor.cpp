@@ -127,11 +127,9 @@ class TLineEditor {
 };
 
 /// The next key; empty if the wait ran out or the machine is to stop.
-std::string next_key(TVMachine& m, int32_t* timeout) {
+std::string next_key(TVMachine& m, const int32_t* timeout) {
   if (timeout == nullptr) return m.PopKey();
-  std::string key = m.PopKeyWithTimeout(*timeout * TENTH_OF_A_SECOND);
-  if (key.empty()) *timeout = -1;
-  return key;
+  return m.PopKeyWithTimeout(*timeout * TENTH_OF_A_SECOND);
 }
 
 }  // namespace
@@ -146,14 +144,17 @@ std::list<std::string> split_items(std::string_view line) {
   }
 }
 
-void InputFromUser(TVMachine& m, std::list<std::string>* items, bool asLine, int32_t* timeout) {
+bool InputFromUser(TVMachine& m, std::list<std::string>* items, bool asLine,
+                   const int32_t* timeout) {
   TBasicRsrc& rsrc = *m.mRsrc;
   items->clear();
   TLineEditor editor(rsrc);
   rsrc.SetCursorShown(true);
   rsrc.UpdateScreen();
+  bool inTime = true;
   while (!m.IsTerminated()) {
     std::string key = next_key(m, timeout);
+    inTime = timeout == nullptr || !key.empty();
     if (key.empty() || key[0] == KEY_RETURN) break;
     editor.Key(key);
   }
@@ -162,12 +163,13 @@ void InputFromUser(TVMachine& m, std::list<std::string>* items, bool asLine, int
   rsrc.SetScrModifiedByTxt2(rsrc.CursorPos(), rsrc.CursorPos());
   rsrc.DoCRLF();
   rsrc.UpdateScreen();
-  if (text.empty() && m.IsTerminated()) return;
+  if (text.empty() && m.IsTerminated()) return inTime;
   if (asLine) {
     items->push_back(text);
   } else {
     *items = split_items(text);
   }
+  return inTime;
 }
 
 std::string InputDlFromUser(TVMachine& m, int32_t count) {

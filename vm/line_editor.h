@@ -12,9 +12,11 @@ namespace zoka {
 class TVMachine;
 
 /// Lets the user edit until Return. `asLine` yields one item, else the text is split at commas.
-/// `timeout`, in tenths of a second for each key, may be null; when it runs out *timeout becomes
-/// -1. If the machine is asked to stop before anything is typed, `items` stays empty.
-void InputFromUser(TVMachine& m, std::list<std::string>* items, bool asLine, int32_t* timeout);
+/// `timeout`, in tenths of a second for each key, may be null; below 0 it is one look, like 0.
+/// Returns false if the time ran out. If the machine is asked to stop before anything is typed,
+/// `items` stays empty.
+bool InputFromUser(TVMachine& m, std::list<std::string>* items, bool asLine,
+                   const int32_t* timeout);
 
 /// Collects key presses until `count` is reached: a key of one byte counts 1, a longer one 2. Not
 /// echoed.

@@ -84,6 +84,7 @@ int32_t parse_long(std::string_view text) {
 double parse_double(std::string_view text) {
   const bool negative = take_sign(&text);
   const std::string_view number = text.substr(0, decimal_length(text));
+  if (number.empty()) return 0;  // not even a sign counts without a digit
   double value = 0;
   const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
   if (result.ec == std::errc::result_out_of_range) {
