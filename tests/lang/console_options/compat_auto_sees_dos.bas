@@ -1,0 +1,1 @@
+10 PRINT LEN("あ"):A=MOUSE(0)

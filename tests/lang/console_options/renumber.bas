@@ -1,0 +1,2 @@
+5 PRINT "a"
+7 GOTO 5

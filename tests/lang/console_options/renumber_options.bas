@@ -1,0 +1,3 @@
+5 PRINT "a"
+7 PRINT "b"
+9 END

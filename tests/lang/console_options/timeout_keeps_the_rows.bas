@@ -1,0 +1,2 @@
+10 PRINT "a"
+20 GOTO 20

@@ -1,0 +1,1 @@
+10 PRINT "a":SLEEP 10:PRINT "b"

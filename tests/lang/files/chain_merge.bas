@@ -1,0 +1,2 @@
+10 CHAIN MERGE "B",100
+20 PRINT "old"

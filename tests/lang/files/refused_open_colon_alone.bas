@@ -1,0 +1,1 @@
+10 OPEN ":X" FOR INPUT AS #1

@@ -1,0 +1,1 @@
+10 OPEN "0:X" FOR INPUT AS #1

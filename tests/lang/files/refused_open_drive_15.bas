@@ -1,0 +1,1 @@
+10 OPEN "15:X" FOR INPUT AS #1

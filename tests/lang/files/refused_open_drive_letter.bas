@@ -1,0 +1,1 @@
+10 OPEN "A:X" FOR INPUT AS #1

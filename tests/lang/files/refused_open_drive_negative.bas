@@ -1,0 +1,1 @@
+10 OPEN "-1:X" FOR INPUT AS #1

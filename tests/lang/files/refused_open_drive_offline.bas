@@ -1,0 +1,1 @@
+10 OPEN "3:X" FOR OUTPUT AS #1

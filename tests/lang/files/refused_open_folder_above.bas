@@ -1,0 +1,1 @@
+10 OPEN "../X" FOR OUTPUT AS #1

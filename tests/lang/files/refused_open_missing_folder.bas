@@ -1,0 +1,1 @@
+10 OPEN "no/such" FOR OUTPUT AS #1

@@ -1,0 +1,1 @@
+10 OPEN "sub" FOR INPUT AS #1

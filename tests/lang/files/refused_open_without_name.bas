@@ -1,0 +1,1 @@
+10 OPEN "" FOR INPUT AS #99

@@ -1,0 +1,2 @@
+10 PRINT "a";:IF A$="" THEN RUN 20
+20 PRINT "b"

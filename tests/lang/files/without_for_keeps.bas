@@ -1,0 +1,1 @@
+10 OPEN "X" AS #1:INPUT #1,A$:PRINT A$

@@ -1,0 +1,1 @@
+10 DIM A(3),B$(2):INPUT A(2),B$(1):PRINT A(2);B$(1)

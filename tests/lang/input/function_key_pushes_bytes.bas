@@ -1,0 +1,1 @@
+10 KEY 1,"あ":PRINT ASC(INPUT$(1))

@@ -1,0 +1,1 @@
+10 A$=INPUT$(2):PRINT A$;"|";INPUT$(1)

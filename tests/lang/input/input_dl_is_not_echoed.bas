@@ -1,0 +1,1 @@
+10 A$=INPUT$(3):PRINT A$;POS(0)

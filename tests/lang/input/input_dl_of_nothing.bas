@@ -1,0 +1,1 @@
+10 PRINT "[";INPUT$(0);INPUT$(-1);"]"

@@ -1,0 +1,1 @@
+10 A$=INPUT$(1):PRINT "X"

@@ -1,0 +1,1 @@
+10 KINPUT A$:PRINT A$

@@ -1,0 +1,1 @@
+10 PRINT "A";:KINPUT A$:PRINT A$

@@ -1,0 +1,1 @@
+10 INPUT "PQ";A$:PRINT "[";A$;"]"

@@ -1,0 +1,1 @@
+10 A$="X":INPUT A$:PRINT "[";A$;"]"

@@ -1,0 +1,1 @@
+10 PRINT INPUT$(1,15)

@@ -1,0 +1,2 @@
+10 INPUT A$,B$:PRINT A$
+20 INPUT A$

@@ -1,0 +1,1 @@
+10 INPUT A$:PRINT "X"

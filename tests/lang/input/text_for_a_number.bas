@@ -1,0 +1,1 @@
+10 INPUT A,B%,C#:PRINT A;B%;C#

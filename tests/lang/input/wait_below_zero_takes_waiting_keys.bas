@@ -1,0 +1,1 @@
+10 INPUT WAIT -5,A$:PRINT A$

@@ -1,0 +1,1 @@
+10 A$="X":INPUT WAIT -5,A$:PRINT A$

@@ -1,0 +1,1 @@
+10 A$="X":INPUT WAIT 0,A$:PRINT A$

@@ -1,0 +1,1 @@
+10 A$="X":INPUT WAIT 10,A$:PRINT A$

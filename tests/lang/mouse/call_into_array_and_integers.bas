@@ -1,0 +1,2 @@
+10 SLEEP 1
+20 DIM Z(5):M%=3:CALL MOUSE(M%,Z(1),Z(2),C#):PRINT M%;Z(1);Z(2);C#

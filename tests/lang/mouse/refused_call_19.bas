@@ -1,0 +1,1 @@
+10 M=19:CALL MOUSE(M)

@@ -1,0 +1,1 @@
+10 M=3:CALL MOUSE(M,A$)

@@ -1,0 +1,1 @@
+10 CALL MOUSE(3,A,B)

@@ -1,0 +1,1 @@
+10 M=-1:CALL MOUSE(M)

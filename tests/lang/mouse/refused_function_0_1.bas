@@ -1,0 +1,1 @@
+10 PRINT MOUSE(0,1)

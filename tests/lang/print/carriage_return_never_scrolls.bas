@@ -1,0 +1,1 @@
+10 LOCATE 0,24:PRINT "A"+CHR$(13)+"B";

@@ -1,0 +1,1 @@
+10 PRINT "A":PRINT "B":CLS:PRINT "C"

@@ -1,0 +1,2 @@
+10 PRINT
+20 PRINT "A"

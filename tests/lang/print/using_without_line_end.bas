@@ -1,0 +1,1 @@
+10 PRINT USING "#";1;:PRINT "X"

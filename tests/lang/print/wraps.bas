@@ -1,0 +1,1 @@
+10 PRINT STRING$(80,"A"):PRINT "B"

@@ -1,0 +1,1 @@
+10 PRINT STRING$(81,"A"):PRINT "B"

@@ -1,0 +1,1 @@
+10 WIDTH 40:PRINT SPC(29);"A","B"

@@ -1,0 +1,1 @@
+10 PRINT "a":CLS 3:PRINT "b"

@@ -1,0 +1,1 @@
+10 PRINT "a":PRINT "b":PRINT "c":CONSOLE 1,5:CLS:PRINT "d"

@@ -1,0 +1,1 @@
+10 PRINT "a":CLS 2:CLS 4:CLS 0:PRINT "b"

@@ -1,0 +1,1 @@
+10 PRINT AKCNV$("A1!~ b");AKCNV$("ｱﾞ｡");AKCNV$("あ漢");"[";AKCNV$("");"]"

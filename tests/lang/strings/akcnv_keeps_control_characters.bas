@@ -1,0 +1,1 @@
+10 A$=AKCNV$(CHR$(1)+"A"):PRINT ASC(A$);KEXT$(A$,1)

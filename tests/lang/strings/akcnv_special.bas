@@ -1,0 +1,1 @@
+10 A$=CHR$(34)+CHR$(39)+CHR$(92):PRINT AKCNV$(A$)

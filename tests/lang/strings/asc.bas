@@ -1,0 +1,1 @@
+10 PRINT ASC("A");ASC("AB");ASC("");ASC("あ");ASC("ｱ")

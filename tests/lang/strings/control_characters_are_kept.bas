@@ -1,0 +1,1 @@
+10 A$=CHR$(1)+CHR$(31)+CHR$(13):PRINT LEN(A$);ASC(MID$(A$,2));ASC(RIGHT$(A$,1))

@@ -1,0 +1,1 @@
+10 A$="A"+STRING$(1,227):PRINT LEFT$(A$,1);LEN(LEFT$(A$,2));LEN(RIGHT$(A$,1));LEN(MID$(A$,2,1));LEN(A$+"B")

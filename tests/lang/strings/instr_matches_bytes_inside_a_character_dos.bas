@@ -1,0 +1,1 @@
+10 PRINT INSTR("あ",STRING$(1,129))

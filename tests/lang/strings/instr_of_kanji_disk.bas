@@ -1,0 +1,1 @@
+10 PRINT INSTR("あいう","い");INSTR("あA","A");KINSTR("あAい","い")

@@ -1,0 +1,1 @@
+10 PRINT INSTR("ABC","");INSTR("","");INSTR(3,"ABC","");INSTR("","A")

@@ -1,0 +1,1 @@
+10 PRINT JIS$("AB");" ";JIS$("ABC");" ";JIS$("ｱ")

@@ -1,0 +1,3 @@
+10 A$="ABCDE":MID$(A$,2,3)="X":PRINT A$
+20 A$="ABCDE":MID$(A$,2)="XY":PRINT A$
+30 A$="ABCDE":MID$(A$,2,1)="XYZ":PRINT A$

@@ -1,0 +1,1 @@
+10 PRINT LEN(CHR$(0));LEN(CHR$(127));ASC(CHR$(128));ASC("ｱ");LEN(CHR$(0)+"B");LEN("A"+CHR$(0));"[";STRING$(3,0);"]"

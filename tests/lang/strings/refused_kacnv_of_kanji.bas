@@ -1,0 +1,1 @@
+10 PRINT KACNV$("漢")

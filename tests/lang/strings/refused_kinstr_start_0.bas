@@ -1,0 +1,1 @@
+10 PRINT KINSTR(0,"ABC","A")

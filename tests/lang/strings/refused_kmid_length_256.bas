@@ -1,0 +1,1 @@
+10 PRINT KMID$("ABC",1,256)

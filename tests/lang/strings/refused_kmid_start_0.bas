@@ -1,0 +1,1 @@
+10 PRINT KMID$("ABC",0,1)

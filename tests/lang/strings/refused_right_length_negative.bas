@@ -1,0 +1,1 @@
+10 PRINT RIGHT$("A",-1)

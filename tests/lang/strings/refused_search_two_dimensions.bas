@@ -1,0 +1,1 @@
+10 DIM A%(2,2):PRINT SEARCH(A%,4)

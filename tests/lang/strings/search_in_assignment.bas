@@ -1,0 +1,1 @@
+10 DIM A%(5),B(5):A%(2)=4:B(SEARCH(A%,4))=9:PRINT B(2)

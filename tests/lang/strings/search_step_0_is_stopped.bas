@@ -1,0 +1,1 @@
+10 DIM A%(5):PRINT SEARCH(A%,4,2,0)

@@ -1,0 +1,1 @@
+10 DIM A%(5):A%(2)=4:PRINT SEARCH(A%,4,2,0)

@@ -1,0 +1,1 @@
+10 PRINT "[";SPACE$(3);"]";SPACE$(0);"]";LEN(SPACE$(255))

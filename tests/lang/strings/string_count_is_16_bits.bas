@@ -1,0 +1,1 @@
+10 PRINT "[";STRING$(-1,"A");"]";STRING$(65537,"A");"]";STRING$(40000,"A");"]";LEN(STRING$(32767,"A"))

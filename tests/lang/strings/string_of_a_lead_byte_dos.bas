@@ -1,0 +1,1 @@
+10 A$=STRING$(3,"あ"):PRINT LEN(A$);ASC(A$);LEN(STRING$(2,"あ"));LEN(STRING$(4,"あ"))
