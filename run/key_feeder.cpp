@@ -200,7 +200,7 @@ void TKeyFeeder::HasRoom() {
 
 bool TKeyFeeder::IsStarved() {
   TLock lock(mMutex);
-  return mActive && mStarving && mFinished && mItems.empty() && mTimer == 0 &&
+  return mActive && mStarving && mFinished && !mPumping && mItems.empty() && mTimer == 0 &&
          mView.Rsrc().KeyBufCount() == 0;
 }
 

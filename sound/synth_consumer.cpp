@@ -97,6 +97,8 @@ class TSynthConsumer::TOpener final : public TThread {
  public:
   TOpener(TClock& clock, TSynthConsumer& consumer)
       : TThread("Synthesizer", OPENER_PRIORITY, clock, TActorClass::Timer), mConsumer(consumer) {}
+  /// Here and not in the base, as the thread may still be on its way to Execute.
+  ~TOpener() override { Wait(nullptr); }
 
  private:
   int32_t Execute() override {
