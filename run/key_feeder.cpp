@@ -119,7 +119,8 @@ bool parse_key_text(std::string_view text, std::deque<TFeedItem>* items, std::st
     TFeedItem item;
     if (text[pos] == '\\' || text[pos] == '{') {
       if (!parse_special(text, &pos, &item)) {
-        *error = std::string(text.substr(pos, text.find('}', pos) - pos + 1));
+        size_t close = text.find('}', pos);
+        *error = std::string(text.substr(pos, close == text.npos ? close : close - pos + 1));
         return false;
       }
     } else {

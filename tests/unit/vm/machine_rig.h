@@ -53,8 +53,17 @@ class TTestInputs final : public TRunInputs {
     return random;
   }
   void SeedRandom(int32_t seed) override { seeds.push_back(seed); }
-  std::string PopKey(TThread&) override { return {}; }
-  std::string PopKeyWithTimeout(bigtime_t, TThread&) override { return {}; }
+  /// The next of `keys`; none left is "", as for a machine that is told to stop.
+  std::string PopKey(TThread&) override {
+    if (keys.empty()) return {};
+    std::string key = keys.front();
+    keys.pop_front();
+    return key;
+  }
+  std::string PopKeyWithTimeout(bigtime_t timeout, TThread& machine) override {
+    timeouts.push_back(timeout);
+    return PopKey(machine);
+  }
   bool IsKeyDown(uint8_t code) override { return keysDown.count(code) != 0; }
   int32_t ProducerConnections() override { return connections; }
   bigtime_t SpeedControlInterval() override { return interval; }
@@ -64,6 +73,8 @@ class TTestInputs final : public TRunInputs {
   int32_t random = 0;
   int randomReads = 0;
   std::vector<int32_t> seeds;
+  std::deque<std::string> keys;
+  std::vector<bigtime_t> timeouts;
   std::set<uint8_t> keysDown;
   int32_t connections = 0;
   bigtime_t interval = 20'000;
