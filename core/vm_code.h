@@ -48,8 +48,6 @@ class TVMCode {
 
   TVMCodeCmd Cmd() const { return static_cast<TVMCodeCmd>(mCmd); }
   uint32_t Number() const { return mCmd; }
-  /// Gives the instruction another number and keeps its operand.
-  void SetNumber(uint32_t number) { mCmd = number; }
 
   int32_t lval() const { return Get<int32_t>(); }
   bool bval() const { return Get<int32_t>() != 0; }

@@ -121,6 +121,13 @@ TFound find_unit(const TWindow& w) {
   return found(TUnit::Branch, 2, static_cast<uint32_t>(cmd) - FIRST_RELATION);
 }
 
+/// The instruction under another number; its operand stays.
+TVMCode renumbered(const TVMCode& code, uint32_t number) {
+  TVMCode unit(static_cast<TVMCodeCmd>(number));
+  unit.SetVar(code.varInfo());  // all of the operand's bytes, whatever they mean
+  return unit;
+}
+
 }  // namespace
 
 std::vector<TVMCode> code_with_units(const TMidCode& program) {
@@ -128,7 +135,8 @@ std::vector<TVMCode> code_with_units(const TMidCode& program) {
   for (size_t i = 1; i + 1 < codes.size(); ++i) {
     const TWindow window(program, i);
     const TFound unit = find_unit(window);
-    if (unit.length != 0 && window.IsOneStatement(unit.length)) codes[i].SetNumber(unit.number);
+    if (unit.length != 0 && window.IsOneStatement(unit.length))
+      codes[i] = renumbered(codes[i], unit.number);
   }
   return codes;
 }
