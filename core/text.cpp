@@ -2,6 +2,7 @@
 #include "core/text.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <cstring>
 #include <new>
@@ -9,6 +10,8 @@
 
 namespace zoka {
 namespace {
+
+constexpr size_t ASCII_COUNT = 128;
 
 thread_local TMemoryBudget* tBudget = nullptr;
 
@@ -25,6 +28,23 @@ void* allocate_block(uint32_t capacity) {
 /// Room beyond what is needed now, so that building a text piece by piece is linear.
 uint32_t grown_capacity(uint32_t length) {
   return std::min(length + length / 2 + 16, MAX_TEXT_BYTES);
+}
+
+/// The texts of one ASCII character, which programs make all the time; they live for ever.
+TTextBlock* character_block(char c) {
+  static const auto blocks = [] {
+    std::array<TTextBlock*, ASCII_COUNT> made;
+    for (size_t i = 0; i < made.size(); ++i) {
+      const char character = static_cast<char>(i);
+      made[i] = TTextBlock::CreateLiteral({&character, 1});
+    }
+    return made;
+  }();
+  return blocks[static_cast<unsigned char>(c)];
+}
+
+bool is_ascii(char c) {
+  return static_cast<unsigned char>(c) < ASCII_COUNT;
 }
 
 }  // namespace
@@ -76,7 +96,8 @@ TText::TText(std::string_view text) {
   text = text.substr(0, text.find('\0'));
   if (text.empty()) return;
   if (text.size() > MAX_TEXT_BYTES) throw std::length_error("text");
-  mBlock = TTextBlock::Create(text, 0);
+  const bool isCharacter = text.size() == 1 && is_ascii(text[0]);
+  mBlock = isCharacter ? character_block(text[0]) : TTextBlock::Create(text, 0);
   mLength = static_cast<uint32_t>(text.size());
 }
 

@@ -1,7 +1,9 @@
-// The table of all 65,536 operation numbers, made from the operation table.
+// The table of all 65,536 operation numbers, made from the operation table, and of the units beside
+// them.
 #include <vector>
 
 #include "vm/handlers.h"
+#include "vm/units.h"
 #include "vm/vmachine.h"
 
 namespace zoka {
@@ -36,6 +38,7 @@ constexpr TEntry ENTRIES[] = {
 std::vector<TVMHandler> make_table() {
   std::vector<TVMHandler> table(OPERATION_COUNT, no_handler);
   for (const TEntry& entry : ENTRIES) table[entry.number] = entry.handler;
+  for (const TUnitRow& row : unit_rows()) table[row.number] = row.handler;
   return table;
 }
 

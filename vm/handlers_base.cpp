@@ -1,58 +1,37 @@
 // The internal operations: constants, variables, the test of FOR, lines and the screen.
 #include "vm/handlers.h"
+#include "vm/plain_values.h"
 #include "vm/vmachine.h"
 
 namespace zoka {
 namespace {
 
-constexpr int32_t END_MARK = -1;
-
-bool is_end_mark(const TStackData& value) {
-  return value.kind == TStackKind::Int && value.lval == END_MARK;
-}
-
-/// -1 to go on, 0 to leave the loop.
-int32_t for_flag(double current, double limit, double step) {
-  return (step >= 0 ? current <= limit : current >= limit) ? -1 : 0;
-}
-
-/// The slot of a reference with one subscript, whose form's values begin `depth` below the top, if
-/// all is plain and in order; else -1.
-int32_t element_slot(const TVMachine& m, const TVarInfo* var, int64_t depth) {
-  const TValueStack& stack = m.mStack;
-  if (var->dimCount != 1 || !stack.HasPlain(depth + 2)) return -1;
-  if (!is_number(stack.Top(depth).kind) || !is_end_mark(stack.Top(depth + 1))) return -1;
-  const int32_t subscript = stack_int(stack.Top(depth));
-  if (subscript < m.mRsrc->OptionBase() || subscript >= var->strides[1]) return -1;
-  return subscript + 1;
-}
-
-/// Puts a numeric slot's value over the value at `place`; false for other variables.
-bool load_number(const TVarInfo* var, int32_t slot, TStackData& place) {
-  if (var->kind == ttSng) {
-    place = TStackData::Of(var->floats[slot]);
-  } else if (var->kind == ttInt) {
-    place = TStackData::Of(var->ints[slot]);
-  } else if (var->kind == ttDbl) {
-    place = TStackData::Of(var->doubles[slot]);
-  } else {
-    return false;
-  }
+/// Reads an element over its subscripts; false if that is no matter of the quick way.
+bool load_element(TVMachine& m, const TVarInfo* var) {
+  int32_t size = 0;
+  const int32_t slot = is_numeric(var) ? element_slot(m, var, 0, &size) : -1;
+  if (slot < 0) return false;
+  m.mStack.Top(size) = number_of(var, slot);
+  m.mStack.Shrink(size);
   return true;
 }
 
-/// Stores in a numeric slot; false for other variables, and for values that hold a text.
-bool store_number(TVarInfo* var, int32_t slot, const TStackData& value) {
-  if (value.kind == TStackKind::String) return false;
-  if (var->kind == ttSng) {
-    var->floats[slot] = stack_float(value);
-  } else if (var->kind == ttInt) {
-    var->ints[slot] = stack_int(value);
-  } else if (var->kind == ttDbl) {
-    var->doubles[slot] = stack_double(value);
-  } else {
-    return false;
-  }
+/// Stores the top, a text, in a plain text variable whose form lies below; false for others.
+bool store_text(TVMachine& m, TVarInfo* var) {
+  TValueStack& stack = m.mStack;
+  if (var->kind != ttStr || !is_end_mark(stack.Top(2))) return false;
+  var->texts[0] = TText(stack.Top().text, stack.Top().length);
+  stack.Shrink(3);
+  return true;
+}
+
+/// Stores the top in an element whose form lies below; false if that is no matter of the quick way.
+bool store_element(TVMachine& m, TVarInfo* var) {
+  int32_t size = 0;
+  const int32_t slot = element_slot(m, var, 2, &size);
+  if (slot < 0) return false;
+  set_number(var, slot, m.mStack.Top());
+  m.mStack.Shrink(size + 3);
   return true;
 }
 
@@ -94,32 +73,27 @@ void ExeBasicBPushAbbrev(TVMachine& m, const TVMCode*) {
 void ExeBasicBLoadArray(TVMachine& m, const TVMCode* code) {
   TValueStack& stack = m.mStack;
   TVarInfo* var = code->varInfo();
-  if (stack.HasPlain() && is_end_mark(stack.Top())) [[likely]] {
-    if (load_number(var, 0, stack.Top())) return;
-  } else if (const int32_t slot = element_slot(m, var, 0); slot >= 0) {
-    if (load_number(var, slot, stack.Top(1))) {
-      stack.Shrink(1);
-      return;
-    }
+  if (stack.HasPlain() && is_end_mark(stack.Top()) && is_numeric(var)) [[likely]] {
+    stack.Top() = number_of(var, 0);
+    return;
   }
-  m.VarToVal(var);
+  if (!load_element(m, var)) m.VarToVal(var);
 }
 
 void ExeBasicBAssignArray(TVMachine& m, const TVMCode*) {
   TValueStack& stack = m.mStack;
-  if (stack.HasPlain(3) && stack.Top(1).kind == TStackKind::Var && !m.mWatched) [[likely]] {
+  if (stack.HasPlain(3) && stack.Top(1).kind == TStackKind::Var && stack.Top(1).var != nullptr &&
+      !m.mWatched) [[likely]] {
     TVarInfo* var = stack.Top(1).var;
-    if (var == nullptr) throw m.RuntimeException2(ERR_ILL_FUNC_CALL);
-    if (is_end_mark(stack.Top(2))) [[likely]] {
-      if (store_number(var, 0, stack.Top())) {
+    if (stack.Top().kind == TStackKind::String) {
+      if (store_text(m, var)) return;
+    } else if (is_numeric(var)) {
+      if (is_end_mark(stack.Top(2))) {
+        set_number(var, 0, stack.Top());
         stack.Shrink(3);
         return;
       }
-    } else if (const int32_t slot = element_slot(m, var, 2); slot >= 0) {
-      if (store_number(var, slot, stack.Top())) {
-        stack.Shrink(4);
-        return;
-      }
+      if (store_element(m, var)) return;
     }
   }
   m.AssignArray();

@@ -1,26 +1,20 @@
 // The operators: 20 of them by four operand types. The compiler has chosen the type; a handler
 // converts whatever it finds to its own and never looks further.
-#include <bit>
 #include <cmath>
-#include <type_traits>
 
+#include "vm/arithmetic.h"
 #include "vm/handlers.h"
+#include "vm/plain_values.h"
 #include "vm/vmachine.h"
 
 namespace zoka {
 namespace {
 
-template <typename T>
-T value_as(const TStackData& value) {
-  if constexpr (std::is_same_v<T, int32_t>) return stack_int(value);
-  if constexpr (std::is_same_v<T, float>) return stack_float(value);
-  if constexpr (std::is_same_v<T, double>) return stack_double(value);
-}
-
-template <typename T>
-T pop_as(TVMachine& m) {
-  const TOwnedData value(m.Pop());
-  return value_as<T>(*value);
+template <typename T, typename TOperator>
+[[gnu::noinline, gnu::cold]] void binary_slow(TVMachine& m, TOperator op) {
+  const T right = pop_as<T>(m);
+  const T left = pop_as<T>(m);
+  m.mStack.Push(TStackData::Of(op(left, right)));
 }
 
 /// Replaces the two top values by the operator's result.
@@ -31,23 +25,26 @@ void binary(TVMachine& m, TOperator op) {
       [[likely]] {
     const T right = value_as<T>(stack.Top(0));
     const T left = value_as<T>(stack.Top(1));
-    stack.Top(1) = TStackData::Of(op(left, right));
+    stack.Top(1).SetNumber(op(left, right));
     stack.Shrink(1);
     return;
   }
-  const T right = pop_as<T>(m);
-  const T left = pop_as<T>(m);
-  stack.Push(TStackData::Of(op(left, right)));
+  binary_slow<T>(m, op);
+}
+
+template <typename T, typename TOperator>
+[[gnu::noinline, gnu::cold]] void unary_slow(TVMachine& m, TOperator op) {
+  m.mStack.Push(TStackData::Of(op(pop_as<T>(m))));
 }
 
 template <typename T, typename TOperator>
 void unary(TVMachine& m, TOperator op) {
   TValueStack& stack = m.mStack;
   if (stack.HasPlain() && is_number(stack.Top().kind)) [[likely]] {
-    stack.Top() = TStackData::Of(op(value_as<T>(stack.Top())));
+    stack.Top().SetNumber(op(value_as<T>(stack.Top())));
     return;
   }
-  stack.Push(TStackData::Of(op(pop_as<T>(m))));
+  unary_slow<T>(m, op);
 }
 
 int32_t truth(bool value) {
@@ -78,19 +75,15 @@ void logical(TVMachine& m, TOperator op) {
       m, [op](int32_t left, int32_t right) { return op(low_word(left), low_word(right)); });
 }
 
-/// Integers wrap, without an overflow error of any kind.
-int32_t wrap(uint32_t value) {
-  return std::bit_cast<int32_t>(value);
-}
-uint32_t raw(int32_t value) {
-  return std::bit_cast<uint32_t>(value);
+[[noreturn, gnu::noinline, gnu::cold]] void raise_division(TVMachine& m) {
+  throw m.RuntimeException2("@Runtime_Err_Div_By_Zero@");
 }
 
 /// Rounds both operands to integers first, so that 7\0.4 divides by zero.
 template <typename TOperator>
 void integer_division(TVMachine& m, TOperator op) {
   binary<int32_t>(m, [&m, op](int32_t left, int32_t right) {
-    if (right == 0) throw m.RuntimeException2("@Runtime_Err_Div_By_Zero@");
+    if (right == 0) raise_division(m);
     return op(left, right);
   });
 }
@@ -106,7 +99,7 @@ int32_t remainder_of(int32_t left, int32_t right) {
 template <typename T>
 void division(TVMachine& m) {
   binary<T>(m, [&m](T left, T right) {
-    if (right == T{0}) throw m.RuntimeException2("@Runtime_Err_Div_By_Zero@");
+    if (right == T{0}) raise_division(m);
     return left / right;
   });
 }
@@ -143,15 +136,15 @@ void division(TVMachine& m) {
     integer_division(m, function);                     \
   }
 
-ZOKA_ARITHMETIC(AddInt, int32_t, wrap(raw(a) + raw(b)))
-ZOKA_ARITHMETIC(AddFloat, float, a + b)
-ZOKA_ARITHMETIC(AddDouble, double, a + b)
-ZOKA_ARITHMETIC(SubInt, int32_t, wrap(raw(a) - raw(b)))
-ZOKA_ARITHMETIC(SubFloat, float, a - b)
-ZOKA_ARITHMETIC(SubDouble, double, a - b)
-ZOKA_ARITHMETIC(MulInt, int32_t, wrap(raw(a) * raw(b)))
-ZOKA_ARITHMETIC(MulFloat, float, a* b)
-ZOKA_ARITHMETIC(MulDouble, double, a* b)
+ZOKA_ARITHMETIC(AddInt, int32_t, TAddition::Of(a, b))
+ZOKA_ARITHMETIC(AddFloat, float, TAddition::Of(a, b))
+ZOKA_ARITHMETIC(AddDouble, double, TAddition::Of(a, b))
+ZOKA_ARITHMETIC(SubInt, int32_t, TSubtraction::Of(a, b))
+ZOKA_ARITHMETIC(SubFloat, float, TSubtraction::Of(a, b))
+ZOKA_ARITHMETIC(SubDouble, double, TSubtraction::Of(a, b))
+ZOKA_ARITHMETIC(MulInt, int32_t, TMultiplication::Of(a, b))
+ZOKA_ARITHMETIC(MulFloat, float, TMultiplication::Of(a, b))
+ZOKA_ARITHMETIC(MulDouble, double, TMultiplication::Of(a, b))
 ZOKA_ARITHMETIC(PowFloat, float,
                 static_cast<float>(std::pow(static_cast<double>(a), static_cast<double>(b))))
 ZOKA_ARITHMETIC(PowDouble, double, std::pow(a, b))

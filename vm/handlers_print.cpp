@@ -25,11 +25,39 @@ std::string pop_item(TVMachine& m, TFormat format) {
   return text;
 }
 
+/// True if constants and variables alone stand between this instruction and the next item of its
+/// statement: then nothing can look at the file before that is written.
+bool item_follows(const TVMachine& m) {
+  constexpr int32_t FARTHEST = 8;
+  const std::vector<TVMCode>& codes = m.mMidCode->mCodes;
+  const auto last = std::min(m.PCIndex() + FARTHEST, static_cast<int32_t>(codes.size()) - 1);
+  for (int32_t i = m.PCIndex() + 1; i <= last; ++i) {
+    switch (codes[static_cast<size_t>(i)].Cmd()) {
+      case TVMCodeCmd::BPushInt:
+      case TVMCodeCmd::BPushFloat:
+      case TVMCodeCmd::BPushDouble:
+      case TVMCodeCmd::BPushString:
+      case TVMCodeCmd::BPushSpecial:
+      case TVMCodeCmd::BLoadArray:
+        break;
+      case TVMCodeCmd::PrintSh:
+      case TVMCodeCmd::WriteSh:
+        return true;
+      default:
+        return false;
+    }
+  }
+  return false;
+}
+
 /// The common half of PRINT# and WRITE#: writes `text`, or a line end, to the file whose number is
-/// on the stack.
+/// on the stack. The items of a statement go out together where that makes no difference.
 void write_to_file(TVMachine& m, std::string_view text) {
   TZokaFile& file = open_file(m, m.PopInt());
-  if (!file.Write(text)) throw m.RuntimeException2("@Runtime_Err_Cannot_Open_File@");
+  THeldOutput& held = m.mHeldOutput;
+  bool isWritten = held.Add(&file, text);
+  if (held.IsFull() || !item_follows(m)) isWritten = held.Flush() && isWritten;
+  if (!isWritten) throw m.RuntimeException2(ERR_CANNOT_WRITE);
 }
 
 constexpr std::string_view FILE_LINE_END = "\r\n";

@@ -31,6 +31,12 @@ void check_range(TVMachine& m, int32_t value, int32_t low, int32_t high) {
 TJisCount bytes_count(const TVMachine& m) { return {m.mRuntimeCompatiMode, 2}; }
 TJisCount characters_count(const TVMachine& m) { return {m.mRuntimeCompatiMode, 1}; }
 
+/// The part of MID$ where positions are bytes.
+std::string_view ascii_part(std::string_view text, int32_t start, int32_t length) {
+  const size_t offset = std::min(static_cast<size_t>(start) - 1, text.size());
+  return text.substr(offset, static_cast<size_t>(length));
+}
+
 /// Pops n (or takes 255), m and the text of MID$ or KMID$, and pushes the part.
 void push_middle(TVMachine& m, bool hasLength, TJisCount count) {
   int32_t length = hasLength ? m.PopInt() : MAX_POSITION;
@@ -39,6 +45,8 @@ void push_middle(TVMachine& m, bool hasLength, TJisCount count) {
   check_range(m, start, 1, MAX_POSITION);
   check_range(m, length, 0, MAX_POSITION);
   std::string_view view = text.View();
+  // One byte more, since a kanji behind the part may count for it.
+  if (begins_in_ascii(view, start + length)) return m.PushString(ascii_part(view, start, length));
   int64_t offset = JisPosToUtf8PosKernel(view, start - 1, count);
   if (offset >= static_cast<int64_t>(view.size())) return m.PushString("");
   int64_t bytes = JisLenToUtf8Len(view, start - 1, length, count);

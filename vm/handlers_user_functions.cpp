@@ -47,7 +47,7 @@ void ExeBasicBLoadUserFuncParam(TVMachine& m, const TVMCode* code) {
 void ExeBasicBRetFromUserFunc(TVMachine& m, const TVMCode*) {
   if (m.mUserFuncStack.empty()) throw m.RuntimeException2(ERR_ILL_FUNC_CALL);
   const TVMCode* returnPC = m.mUserFuncStack.back()->returnPC;
-  m.JumpTo(static_cast<int32_t>(returnPC - m.mMidCode->mCodes.data()));
+  m.JumpTo(static_cast<int32_t>(returnPC - m.CodeAt(0)));
   m.mUserFuncStack.pop_back();
   m.mUserFuncArgs.CloseCall();
 }

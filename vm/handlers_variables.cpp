@@ -48,7 +48,7 @@ void ExeBasicSwap(TVMachine& m, const TVMCode*) {
 }
 
 void ExeBasicData(TVMachine& m, const TVMCode* code) {
-  const TVMCode* end = m.mMidCode->mCodes.data() + m.mMidCode->mCodes.size();
+  const TVMCode* end = m.CodeAt(static_cast<int32_t>(m.mMidCode->mCodes.size()));
   while (code + 1 != end && code[1].Cmd() == TVMCodeCmd::Data) ++code;
   m.mPC = code;  // the last item of the run; the main loop steps over it
 }
@@ -70,7 +70,7 @@ void ExeBasicRestore(TVMachine& m, const TVMCode* code) {
     index = m.FindTarget(*target);
     if (index == 0) return;
   }
-  m.mDataPos = m.mMidCode->mCodes.data() + index;
+  m.mDataPos = m.CodeAt(index);
 }
 
 }  // namespace zoka

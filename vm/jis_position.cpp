@@ -2,6 +2,7 @@
 #include "vm/jis_position.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "common/text/utf8.h"
 #include "vm/compati_mode.h"
@@ -11,6 +12,36 @@ namespace {
 
 /// Every kanji is taken to be this long.
 constexpr int64_t KANJI_BYTES = 3;
+
+/// Number of leading bytes that are ASCII; most texts are ASCII throughout, so it looks at many
+/// bytes at a time.
+size_t ascii_run(std::string_view text) {
+  constexpr uint64_t HIGH_BITS = 0x8080808080808080;
+  constexpr size_t WORDS = 4;
+  uint64_t words[WORDS];
+  size_t count = 0;
+  for (; count + sizeof words <= text.size(); count += sizeof words) {
+    std::memcpy(words, text.data() + count, sizeof words);
+    if (((words[0] | words[1] | words[2] | words[3]) & HIGH_BITS) != 0) break;
+  }
+  for (; count + sizeof words[0] <= text.size(); count += sizeof words[0]) {
+    std::memcpy(words, text.data() + count, sizeof words[0]);
+    if ((words[0] & HIGH_BITS) != 0) break;
+  }
+  while (count < text.size() && (static_cast<unsigned char>(text[count]) & 0x80) == 0) ++count;
+  return count;
+}
+
+/// True if the last `count` bytes are ASCII characters: no lead byte stands before them within its
+/// reach, so that it could claim them.
+bool ends_in_ascii(std::string_view text, int64_t count) {
+  constexpr int64_t REACH = 3;
+  const auto size = static_cast<int64_t>(text.size());
+  if (count < 0 || count > size) return false;
+  const std::string_view tail =
+      text.substr(static_cast<size_t>(std::max<int64_t>(size - count - REACH, 0)));
+  return ascii_run(tail) == tail.size();
+}
 
 /// The walk over a text: offset, position, and the class of the last character.
 class TJisWalk {
@@ -36,6 +67,17 @@ class TJisWalk {
     }
   }
 
+  /// As many steps as ASCII characters follow, up to position `positions`, or byte `bytes`.
+  void SkipAscii(int64_t positions, int64_t bytes) {
+    if (isKanji) return;
+    const int64_t limit = std::min(positions - position, bytes - offset);
+    if (limit <= 0) return;
+    const size_t count =
+        ascii_run(mText.substr(static_cast<size_t>(offset), static_cast<size_t>(limit)));
+    offset += static_cast<int64_t>(count);
+    position += static_cast<int64_t>(count);
+  }
+
   bool AtEnd() const { return offset >= static_cast<int64_t>(mText.size()); }
 
   int64_t offset = 0;
@@ -54,8 +96,14 @@ bool is_ascii_at(std::string_view text, int64_t offset) {
 
 }  // namespace
 
+bool begins_in_ascii(std::string_view text, int64_t count) {
+  const std::string_view start = text.substr(0, static_cast<size_t>(count));
+  return ascii_run(start) == start.size();
+}
+
 int64_t JisPosToUtf8PosKernel(std::string_view text, int64_t jisPos, TJisCount count) {
   TJisWalk walk(text, count);
+  walk.SkipAscii(jisPos, static_cast<int64_t>(text.size()));
   while (walk.position < jisPos && !walk.AtEnd()) walk.Step();
   if (walk.position >= jisPos) return walk.offset;
   // The change back from kanji, and then one position a byte.
@@ -65,12 +113,14 @@ int64_t JisPosToUtf8PosKernel(std::string_view text, int64_t jisPos, TJisCount c
 
 int64_t Utf8PosToJisPosKernel(std::string_view text, int64_t bytes, TJisCount count) {
   TJisWalk walk(text, count);
+  walk.SkipAscii(INT64_MAX, std::min(bytes, static_cast<int64_t>(text.size())));
   while (walk.offset < bytes && !walk.AtEnd()) walk.Step();
   bool closes = count.mode == COMPATI_MODE_DISK && walk.isKanji && is_ascii_at(text, walk.offset);
   return walk.position + (closes ? count.weight : 0);
 }
 
 int64_t JisPosToUtf8PosR(std::string_view text, int64_t jisPos, int32_t mode) {
+  if (ends_in_ascii(text, jisPos)) return jisPos;
   std::string reversed(text.size(), '\0');
   size_t end = text.size();
   for (size_t pos = 0; pos < text.size();) {

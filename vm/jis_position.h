@@ -15,6 +15,9 @@ struct TJisCount {
   int32_t weight;  // of a kanji: 2, or 1 in the K functions
 };
 
+/// True if the first `count` bytes, or all of a shorter text, are ASCII: there positions are bytes.
+bool begins_in_ascii(std::string_view text, int64_t count);
+
 /// Byte offset of a position; beyond the text it counts on as if ASCII followed, so callers clamp.
 int64_t JisPosToUtf8PosKernel(std::string_view text, int64_t jisPos, TJisCount count);
 

@@ -8,6 +8,8 @@ namespace zoka {
 namespace {
 
 constexpr int PRECISION = 6;
+/// Below it a whole number has at most that many digits.
+constexpr double WHOLE_LIMIT = 1e6;
 /// Longest text of the general format with six digits: sign, digits, point, exponent.
 constexpr size_t NUMBER_BUFFER = 32;
 
@@ -22,8 +24,15 @@ std::string tidy_number(double value) {
 
 std::string general_format(double value) {
   char buffer[NUMBER_BUFFER];
-  auto [end, error] = std::to_chars(buffer, buffer + sizeof buffer, value,
-                                    std::chars_format::general, PRECISION);
+  // Most numbers of programs are whole; of those with up to six digits the format is the digits.
+  if (std::fabs(value) < WHOLE_LIMIT && value != 0) {
+    const auto whole = static_cast<int32_t>(value);
+    if (static_cast<double>(whole) == value) {
+      return {buffer, std::to_chars(buffer, buffer + sizeof buffer, whole).ptr};
+    }
+  }
+  auto [end, error] =
+      std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, PRECISION);
   return {buffer, end};
 }
 

@@ -2,6 +2,7 @@
 // of the stack itself (value_stack.h) and of the operations.
 #pragma once
 
+#include <bit>
 #include <climits>
 #include <cstdint>
 
@@ -80,6 +81,20 @@ struct TStackData {
     value.length = bytes;
     value.text = block;
     return value;
+  }
+
+  /// Replaces a value that is a number by another: of such, kind and value alone differ.
+  void SetNumber(int32_t number) {
+    kind = TStackKind::Int;
+    bits = static_cast<uint32_t>(number);
+  }
+  void SetNumber(float number) {
+    kind = TStackKind::Float;
+    bits = std::bit_cast<uint32_t>(number);
+  }
+  void SetNumber(double number) {
+    kind = TStackKind::Double;
+    dval = number;
   }
 
   void Release() {

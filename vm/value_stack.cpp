@@ -30,6 +30,11 @@ void TValueStack::Grow() {
   }
 }
 
+void TValueStack::PushSlow(TStackData value) {
+  Grow();
+  *mTop++ = value;
+}
+
 void TValueStack::Enlarge() {
   const int64_t capacity = std::max(mCapacity * 2, FIRST_CAPACITY);
   charge_memory(mBudget, (capacity - mCapacity) * VALUE_BYTES);

@@ -31,7 +31,7 @@ class TValueStack {
   /// Takes over the value's text. Throws std::bad_alloc beyond the budget.
   void Push(const TStackData& value) {
     if (mTop == mLimit) [[unlikely]]
-      Grow();
+      return PushSlow(value);
     *mTop++ = value;
   }
   /// Pushes a return record.
@@ -63,6 +63,7 @@ class TValueStack {
     int64_t position;  // index in the array
     int64_t elided;    // mElided when it was pushed
   };
+  [[gnu::noinline, gnu::cold]] void PushSlow(TStackData value);
   void Grow();
   void Enlarge();
   void Forget();

@@ -8,6 +8,7 @@
 #include "app/settings/show_alert.h"
 #include "sound/mml_player.h"
 #include "vm/memory_budget.h"
+#include "vm/units.h"
 
 namespace zoka {
 namespace {
@@ -70,7 +71,17 @@ void TVMachine::JumpToStart() {
   if (index != 0) mPC = mCodeBase + index;
 }
 
+void TVMachine::UseUnits() {
+  const int32_t index = PCIndex();
+  const auto dataIndex = static_cast<int32_t>(mDataPos - mCodeBase);
+  mCodeWithUnits = code_with_units(*mMidCode);
+  mCodeBase = mCodeWithUnits.data();
+  mPC = CodeAt(index);
+  mDataPos = CodeAt(dataIndex);
+}
+
 void TVMachine::RunLoop(const TVMHandler* table) {
+  UseUnits();
   const TVMCode* const end = mCodeBase + mMidCode->mCodes.size();
   const std::atomic<uint32_t>& flags = mPort->mIrFlags;
   while (mPC != end) {
@@ -101,6 +112,8 @@ int32_t TVMachine::Execute() {
     ShowFault(fault);
     mExitStatus = 1;
   }
+  // An error in the midst of a statement does not take back what stood before it.
+  mHeldOutput.Flush();
   if (mRunRequested) mHost->SendRunRequest(mRunRequest);
   ExecuteDone();
   TTextBlock::SetBudget(nullptr);

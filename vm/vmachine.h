@@ -17,6 +17,7 @@
 #include "core/mid_code.h"
 #include "run/screen/basic_rsrc.h"
 #include "vm/compati_mode.h"
+#include "vm/held_output.h"
 #include "vm/interrupt_port.h"
 #include "vm/machine_host.h"
 #include "vm/mouse_state.h"
@@ -63,6 +64,7 @@ constexpr const char ERR_TYPE_MISMATCH[] = "@Runtime_Err_Type_Mismatch@";
 constexpr const char ERR_BAD_DIMENSION[] = "@Runtime_Err_Bad_Dimension@";
 constexpr const char ERR_STOP_BREAK[] = "@Runtime_Err_Stop_Break@";
 constexpr const char ERR_UNDEFINED_LINE[] = "@Runtime_Err_Undefined_Line_Number@";
+constexpr const char ERR_CANNOT_WRITE[] = "@Runtime_Err_Cannot_Open_File@";
 constexpr const char ERR_UNDEFINED_LABEL[] = "@Runtime_Err_Undefined_Label@";
 
 /// The message of RUN, CHAIN and the repeated run.
@@ -172,6 +174,13 @@ class TVMachine : public TThread {
   int32_t FindTarget(const TStackData& target);
   /// Pops a target and jumps to it. `code` is the instruction that jumps: it remembers where to.
   void JumpToPopped(const TVMCode* code);
+  /// Jumps to the line or label that the instruction, a push of a constant, holds.
+  void JumpToConstant(const TVMCode* code) {
+    const int32_t index = LookupOf(code).index;
+    if (index != 0) [[likely]]
+      return JumpTo(index);
+    JumpToConstantSlow(code);
+  }
   /// Jumps to a code index: execution goes on there after the current handler.
   void JumpTo(int32_t index) {
     mPC = mCodeBase + index - 1;
@@ -180,6 +189,8 @@ class TVMachine : public TThread {
   }
   /// Ends the program: the last instruction becomes the current one.
   void JumpToEnd();
+  /// The instruction at an index, of the code that this machine runs.
+  const TVMCode* CodeAt(int32_t index) const { return mCodeBase + index; }
   int32_t PCIndex() const { return static_cast<int32_t>(mPC - mCodeBase); }
   /// GOSUB: notes the return to `codeIndex`.
   void PushReturnRecord(int32_t codeIndex);
@@ -236,6 +247,7 @@ class TVMachine : public TThread {
   std::shared_ptr<TInterruptPort> mPort;
   TMouseState mMouse;
   TMemoryBudget mBudget;
+  THeldOutput mHeldOutput;
   bool mRunRequested = false;
 
  protected:
@@ -262,6 +274,8 @@ class TVMachine : public TThread {
   void RunProgram();
   void JumpToStart();
   void RunLong();
+  [[gnu::noinline, gnu::cold]] void JumpToConstantSlow(const TVMCode* code);
+  void UseUnits();
   TStackData PopEdge();
   int32_t PopIntSlow();
   static bool IsMemorable(const TStackData& target);
@@ -289,7 +303,8 @@ class TVMachine : public TThread {
 
   uint64_t mJumps = 0;
   uint64_t mLongRunAt = LONG_RUN_JUMPS;
-  const TVMCode* mCodeBase;
+  const TVMCode* mCodeBase;  // of the program's code, or of its copy with units
+  std::vector<TVMCode> mCodeWithUnits;
   std::unique_ptr<TLookup, TFree> mLookups;
   std::vector<int32_t> mDataIndices;  // of all DATA records; made by the first READ
   TMessage mStart;

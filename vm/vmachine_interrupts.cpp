@@ -58,6 +58,8 @@ void TVMachine::EnterTrap(int bit) {
   if (static_cast<int64_t>(mIrStack.size()) >= MAX_RETURN_RECORDS) {
     throw RuntimeException2(ERR_ILL_FUNC_CALL);
   }
+  // The trap may look at the file that the interrupted statement writes.
+  if (!mHeldOutput.Flush()) throw RuntimeException2(ERR_CANNOT_WRITE);
   reserve_counted(&mIrStack, &mBudget);
   mIrStack.push_back({1u << bit, mStack.Depth()});
   // The instruction that was due runs on return.

@@ -96,6 +96,15 @@ void TVMachine::JumpToPopped(const TVMCode* code) {
   JumpTo(index);
 }
 
+void TVMachine::JumpToConstantSlow(const TVMCode* code) {
+  const TVMCode& push = mMidCode->mCodes[static_cast<size_t>(code - mCodeBase)];
+  const bool isLine = push.Cmd() == TVMCodeCmd::BPushInt;
+  const TStackData target =
+      isLine ? TStackData::Of(push.lval()) : TStackData::OfText(push.str(), push.str()->Used());
+  LookupOf(code).index = FindTarget(target);
+  JumpTo(LookupOf(code).index);
+}
+
 TUserFuncInfo* TVMachine::FindUserFunc(const TVMCode* code, int32_t* bodyIndex) {
   TLookup& found = LookupOf(code);
   if (found.index == 0) {
