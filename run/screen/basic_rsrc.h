@@ -213,7 +213,7 @@ class TBasicRsrc {
   int32_t KeyBufCount() const;
 
   void InitFuncKeyStr();
-  /// Text of function key `index` 0 to 9. Any thread.
+  /// Text of function key `index` 0 to 9; of others, which have none, "". Any thread.
   std::string FuncKeyStr(int32_t index) const;
   void SetFuncKeyStr(int32_t index, std::string_view text);
 

@@ -150,6 +150,7 @@ void TBasicRsrc::InitFuncKeyStr() {
 }
 
 std::string TBasicRsrc::FuncKeyStr(int32_t index) const {
+  if (index < 0 || index >= FUNC_KEY_COUNT) return {};
   TLock lock(mKeyMutex);
   return funcKeyStr[static_cast<size_t>(index)];
 }

@@ -170,6 +170,8 @@ TEST_F(TKeysTest, AFunctionKeyBeyondTheTenthRaisesOnly) {
   rsrc.PushFuncKey(-1, [&] { ++raised; });
   EXPECT_EQ(raised, 2);
   EXPECT_EQ(rsrc.KeyBufCount(), 0);
+  EXPECT_EQ(rsrc.FuncKeyStr(10), "");
+  EXPECT_EQ(rsrc.FuncKeyStr(-1), "");
 }
 
 TEST_F(TKeysTest, AFunctionKeysTextIsCutByTheBuffer) {
