@@ -140,3 +140,18 @@ def refusal_half_way(m):
     m.box(0, 0, 639, 399, 3)
     m.box_fill(50, 150, 300, 350, 6)
     m.print("@Runtime_Err_Ill_Func_Call@ in 20")
+
+
+def palette_while_hidden(m):
+    m.screen(3, display=NO_PAGE)
+
+
+def palette_shown_again(m):
+    m.screen(3)
+    m.box_fill(50, 50, 300, 300, 1, 4)
+    m.screen(display=NO_PAGE)
+    m.change_palette(1, 6)
+    m.change_palette(4, 2)
+    m.screen(display=0)
+    m.colour_mode(0)
+    m.box_fill(320, 50, 600, 300, 4, 1)

@@ -125,3 +125,28 @@ def locate_clamped(m):
         m.locate(x, y)
         m.write(c)
     m.locate(0, 10)
+
+
+def text_long(m):
+    m.screen(3)
+    m.box_fill(0, 160, 639, 239, 1)
+    for i in range(24):
+        if not 10 <= i < 15:
+            m.locate(0, i)
+            m.write("row %d" % i)
+    m.text_colour = 6
+    for i in range(2, 6):
+        m.locate(0, 8 + i)
+        m.write(chr(65 + i) * 40 + chr(97 + i) * 40)
+    m.locate(40, 5)
+
+
+def text_scrolls_graphics_stay(m):
+    m.width(40, 20)
+    m.circle(320, 100, 180, 4, filled=True, fill=1)
+    for i in range(13, 31):
+        m.text_colour = i % 7 + 1
+        m.locate(i % 8, i - 13)
+        m.write("行 %d ｱ" % i)
+    m.text_colour = 7
+    m.locate(0, 18)
