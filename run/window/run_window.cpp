@@ -197,6 +197,8 @@ void TRunWindow::changeEvent(QEvent* event) {
       [this] {
         setWindowState(windowState() & ~Qt::WindowMaximized);
         Zoom();
+        layout()->activate();
+        resize(minimumSize());
       },
       Qt::QueuedConnection);
 }

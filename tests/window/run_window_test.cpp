@@ -166,7 +166,8 @@ TEST_F(TRunWindowTest, TheZoomButtonOfTheWindowTogglesTheMenuBar) {
   TRunWindow& window = mApp->RunWindow();
   window.setWindowState(Qt::WindowMaximized);
   EXPECT_TRUE(Until([&] { return !window.IsMenuBarShown() && !window.isMaximized(); }));
-  EXPECT_TRUE(Until([&] { return window.size() == QSize(640, 400); }));
+  EXPECT_TRUE(Until([&] { return window.size() == QSize(640, 400); }))
+      << window.width() << " by " << window.height();
 }
 
 TEST_F(TRunWindowTest, TheWholeScreenKeepsPixelsWhole) {
