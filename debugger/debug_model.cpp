@@ -12,16 +12,17 @@ namespace zoka {
 TDebugModel::TDebugModel(TEngineContext& context, TDebugModelHost& host)
     : mContext(context), mHost(host) {}
 
-/// Applies a change that the host's thread makes, and tells the host.
+/// Applies a change that the host's thread makes, and tells the host if there was one.
 template <typename TApply>
-void TDebugModel::Change(TApply apply) {
+bool TDebugModel::Change(TApply apply) {
   bool tell;
   {
     const TTimedLock lock(mLock);
-    apply();
+    if (!apply()) return false;
     tell = !std::exchange(mTold, true);
   }
   if (tell) mHost.DebugModelChanged();
+  return true;
 }
 
 /// Applies a report of the present run, unless the lock is not to be had in time.
@@ -44,6 +45,7 @@ void TDebugModel::SetSrcCode(std::string_view text) {
     if (mContext.prefs->BrkS.load() && mSrcCode.Count() > 0) mSrcCode.Item(0).breakPoint = true;
     mChanges.source = mChanges.marks = true;
     mChanges.scrollTo.reset();
+    return true;
   });
 }
 
@@ -53,6 +55,7 @@ void TDebugModel::ClearCallStack() {
     mCurLine = NO_LINE;
     mEnd = TEnd::Clear;
     mChanges.callStack = true;
+    return true;
   });
 }
 
@@ -62,6 +65,7 @@ void TDebugModel::SetVar(TMidCode* program) {
     mVars.Set(program);
     mChanges.variables = true;
     mChanges.resetVars.clear();
+    return true;
   });
 }
 
@@ -71,6 +75,7 @@ void TDebugModel::ClearVar() {
     mVars.Clear();
     mChanges.variables = true;
     mChanges.resetVars.clear();
+    return true;
   });
 }
 
@@ -176,9 +181,11 @@ void TDebugModel::ScrollToSpecifyLineNumRqtd(int64_t run, int32_t line) {
   });
 }
 
-void TDebugModel::ScrollTo(int32_t line) {
+/// False, and nothing scrolls, if there is no such line.
+bool TDebugModel::ScrollTo(int32_t line) {
   const std::optional<size_t> index = mSrcCode.Find(line);
   if (index) mChanges.scrollTo = index;
+  return index.has_value();
 }
 
 /// Lets the program go on. The lock is held.
@@ -192,19 +199,15 @@ bool TDebugModel::Resume(TDebugRunMode mode) {
 }
 
 bool TDebugModel::Unbreak(TDebugRunMode mode) {
-  bool done = false;
-  Change([&] { done = Stands() && Resume(mode); });
-  return done;
+  return Change([&] { return Stands() && Resume(mode); });
 }
 
 bool TDebugModel::RunToCursor(int32_t line) {
-  bool done = false;
-  Change([&] {
-    if (!Stands()) return;
+  return Change([&] {
+    if (!Stands()) return false;
     fDebugger->BreakPoints().SetRunTo(line);
-    done = Resume(TDebugRunMode::Run);
+    return Resume(TDebugRunMode::Run);
   });
-  return done;
 }
 
 bool TDebugModel::Stop() {
@@ -216,45 +219,40 @@ bool TDebugModel::Stop() {
 
 bool TDebugModel::ClickSrcLine(size_t index, int32_t x) {
   if (x > BREAK_POINT_CLICK_WIDTH) return false;
-  bool done = false;
-  Change([&] {
-    if (index >= mSrcCode.Count()) return;
+  return Change([&] {
+    if (index >= mSrcCode.Count()) return false;
     TSrcCodeItem& item = mSrcCode.Item(index);
     item.breakPoint = !item.breakPoint;
-    mChanges.marks = done = true;
-    if (fDebugger == nullptr) return;
-    if (item.breakPoint) {
-      fDebugger->AddBreakPoint(item.line);
-    } else {
-      fDebugger->RemoveBreakPoint(item.line);
-    }
+    mChanges.marks = true;
+    if (fDebugger != nullptr && item.breakPoint) fDebugger->AddBreakPoint(item.line);
+    if (fDebugger != nullptr && !item.breakPoint) fDebugger->RemoveBreakPoint(item.line);
+    return true;
   });
-  return done;
 }
 
 void TDebugModel::SetBreakRule(size_t index, const TBreakRule& rule) {
   Change([&] {
-    if (index >= mSrcCode.Count()) return;
+    if (index >= mSrcCode.Count()) return false;
     TSrcCodeItem& item = mSrcCode.Item(index);
     item.breakPoint = mChanges.marks = true;
     if (fDebugger != nullptr) fDebugger->BreakPoints().SetRule(item.line, rule);
+    return true;
   });
 }
 
 bool TDebugModel::ClickCallStack(size_t index) {
-  bool found = false;
-  Change([&] {
-    if (index > mCalls.size()) return;
-    const int32_t line = index < mCalls.size() ? mCalls[index] : mCurLine;
-    found = mSrcCode.Find(line).has_value();
-    ScrollTo(line);
+  return Change([&] {
+    if (index > mCalls.size()) return false;
+    return ScrollTo(index < mCalls.size() ? mCalls[index] : mCurLine);
   });
-  return found;
 }
 
 void TDebugModel::ExpandOrCollapseVar(size_t item, bool expand) {
   Change([&] {
-    if (item < mVars.Count()) mVars.ExpandOrCollapse(item, expand);
+    if (item >= mVars.Count()) return false;
+    mVars.ExpandOrCollapse(item, expand);
+    mChanges.values = true;
+    return true;
   });
 }
 
@@ -262,7 +260,7 @@ bool TDebugModel::EditVar(size_t item, int32_t slot, std::string_view text) {
   const TTimedLock lock(mLock);
   if (!Stands() || item >= mVars.Count()) return false;
   TVarInfo* var = mVars.Info(item);
-  if (slot < 0 || slot >= var->slotCount) return false;
+  if (!has_slot(*var, slot)) return false;
   TEditValue value;
   if (var->kind == ttStr) {
     value.text = text;

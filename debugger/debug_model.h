@@ -86,6 +86,7 @@ class TDebugModel {
 
   // --- Commands. Those that let the program go on do nothing unless it stands, and return false.
   bool Unbreak(TDebugRunMode mode);
+  bool Run() { return Unbreak(TDebugRunMode::Run); }
   bool StepOver() { return Unbreak(TDebugRunMode::StepOver); }
   bool StepIn() { return Unbreak(TDebugRunMode::StepIn); }
   bool StepOut() { return Unbreak(TDebugRunMode::StepOut); }
@@ -128,8 +129,8 @@ class TDebugModel {
   TVarRow VarRow(size_t item);
   TVarRow VarChildRow(size_t item, int32_t child);
   /// Gives a slot a new value while the program stands: 0 is the plain one, elements count from 1.
-  /// It is stored by the machine, a moment later. False if it does not stand, there is no such slot,
-  /// or the text is no number for a variable that needs one.
+  /// It is stored by the machine, a moment later. False if it does not stand, there is no such
+  /// slot, or the text is no number for a variable that needs one.
   bool EditVar(size_t item, int32_t slot, std::string_view text);
   /// The value of an expression, for the pointer that hovers over it; see evaluate_expression.
   std::optional<std::string> ValueOf(std::string_view expression);
@@ -150,14 +151,14 @@ class TDebugModel {
   enum class TEnd : uint8_t { Clear, Running, Done, Killed };
 
   template <typename TApply>
-  void Change(TApply apply);
+  bool Change(TApply apply);
   template <typename TApply>
   void Report(int64_t run, bigtime_t limit, TApply apply);
   template <typename TText>
   void Note(TText text) {
     if (mKeepLog) mLog.push_back(text());
   }
-  void ScrollTo(int32_t line);
+  bool ScrollTo(int32_t line);
   bool Stands() const { return fDebugger != nullptr && fRunMode == TDebugRunMode::Breaked; }
   bool Resume(TDebugRunMode mode);
   std::string CurLineText() const;

@@ -213,7 +213,7 @@ void TDebugger::CarryOutEdits() {
 }
 
 void TDebugger::CarryOut(TEdit& edit) {
-  if (edit.slot < 0 || edit.slot >= edit.var->slotCount) return;
+  if (!has_slot(*edit.var, edit.slot)) return;
   TStackData value = TStackData::Of(edit.value.number);
   if (edit.var->kind == ttStr) {
     try {

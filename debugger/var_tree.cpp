@@ -44,8 +44,12 @@ std::string var_label(const TVarInfo& var, int32_t slot) {
   return label + ") : ";
 }
 
+bool has_slot(const TVarInfo& var, int32_t slot) {
+  return var.data != nullptr && slot >= 0 && slot <= element_count(var) && slot < var.slotCount;
+}
+
 std::string value_text(const TVarInfo& var, int32_t slot) {
-  if (var.data == nullptr || slot < 0 || slot >= var.slotCount) return {};
+  if (!has_slot(var, slot)) return {};
   switch (var.kind) {
     case ttInt:
       return std::to_string(var.ints[slot]);

@@ -30,6 +30,10 @@ std::string var_label(const TVarInfo& var, int32_t slot);
 /// if there is no such slot. The variables' lock is held.
 std::string value_text(const TVarInfo& var, int32_t slot);
 
+/// Whether the variable has that slot: 0, or an element's. The variables' lock is held, or the
+/// machine stands.
+bool has_slot(const TVarInfo& var, int32_t slot);
+
 /// What a row shows.
 struct TVarRow {
   std::string label;

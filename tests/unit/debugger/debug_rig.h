@@ -142,8 +142,7 @@ class TDebugRig final : public TDebugModelHost {
     changes.breaked |= more.breaked;
     changes.ended |= more.ended;
     if (more.scrollTo) changes.scrollTo = more.scrollTo;
-    changes.resetVars.insert(changes.resetVars.end(), more.resetVars.begin(),
-                             more.resetVars.end());
+    changes.resetVars.insert(changes.resetVars.end(), more.resetVars.begin(), more.resetVars.end());
   }
   bool AwaitChange() {
     std::unique_lock<std::mutex> lock(mMutex);

@@ -12,9 +12,9 @@ TLines log_of(const char* list) {
 }
 
 TEST(DebugReports, ComeInTheOrderOfTheProgram) {
-  EXPECT_EQ(log_of("10 GOSUB 40\n20 A=1\n30 END\n40 RETURN\n"),
-            (TLines{"clnc 10", "acsr 10", "clnc 40", "rcsr", "clnc 20", "uvir A! 0", "clnc 30",
-                    "dbed"}));
+  EXPECT_EQ(
+      log_of("10 GOSUB 40\n20 A=1\n30 END\n40 RETURN\n"),
+      (TLines{"clnc 10", "acsr 10", "clnc 40", "rcsr", "clnc 20", "uvir A! 0", "clnc 30", "dbed"}));
 }
 
 TEST(DebugReports, OfOnGosubAreThoseOfGosub) {
@@ -26,9 +26,9 @@ TEST(DebugReports, OfOnGosubAreThoseOfGosub) {
 }
 
 TEST(DebugReports, OfSwapHaveThreeAccesses) {
-  EXPECT_EQ(log_of("10 A=1:B=2\n20 SWAP A,B\n"),
-            (TLines{"clnc 10", "uvir A! 0", "uvir B! 0", "clnc 20", "uvir A! 0 B! 0 A! 0",
-                    "dbed"}));
+  EXPECT_EQ(
+      log_of("10 A=1:B=2\n20 SWAP A,B\n"),
+      (TLines{"clnc 10", "uvir A! 0", "uvir B! 0", "clnc 20", "uvir A! 0 B! 0 A! 0", "dbed"}));
 }
 
 TEST(DebugReports, OfDimComeForEachVariableTheLastFirst) {

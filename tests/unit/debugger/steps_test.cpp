@@ -19,7 +19,7 @@ TEST(DebugSteps, TheProgramStandsBeforeItsFirstStatement) {
   EXPECT_EQ(rig.model.RunMode(), Breaked);
   EXPECT_TRUE(rig.changes.breaked);
   EXPECT_TRUE(rig.model.SrcLine(0).breaking);
-  EXPECT_TRUE(rig.model.Unbreak(Run));
+  EXPECT_TRUE(rig.model.Run());
   EXPECT_EQ(rig.NextStop(), ENDED);
   EXPECT_EQ(rig.Value("A!"), "2");
 }
@@ -93,7 +93,7 @@ TEST(DebugSteps, OutAtTheOutermostLevelNeverStops) {
 }
 
 TEST(DebugSteps, ABreakpointStopsWhateverTheMode) {
-  for (TDebugRunMode mode : {Run, StepOver, StepIn, StepOut}) {
+  for (TDebugRunMode mode : {TDebugRunMode::Run, StepOver, StepIn, StepOut}) {
     TDebugRig rig("10 GOSUB 100\n20 END\n100 RETURN\n", true);
     EXPECT_EQ(rig.NextStop(), 10);
     rig.BreakAt(100);
@@ -176,7 +176,7 @@ TEST(DebugSteps, CommandsDoNothingWhileTheProgramRuns) {
   TDebugRig rig("10 GOTO 10\n");
   rig.Start();
   EXPECT_TRUE(rig.AwaitReport("clnc 10"));
-  EXPECT_FALSE(rig.model.Unbreak(Run));
+  EXPECT_FALSE(rig.model.Run());
   EXPECT_FALSE(rig.model.StepIn());
   EXPECT_FALSE(rig.model.RunToCursor(10));
   EXPECT_FALSE(rig.model.EditVar(0, 0, "1"));
@@ -219,7 +219,7 @@ TEST(DebugSteps, TimeStandsStillAtAStopAndWaitsAreWhole) {
   TDebugRig rig("10 A=1\n20 SLEEP 1000\n30 END\n", true);
   EXPECT_EQ(rig.NextStop(), 10);
   EXPECT_EQ(rig.clock->system_time(), 0);
-  rig.debugger->SetDebugRunMode(Run);
+  rig.debugger->SetDebugRunMode(TDebugRunMode::Run);
   rig.debugger->Unbreak();
   rig.debugger->Unbreak();
   rig.debugger->Unbreak();
@@ -240,7 +240,7 @@ TEST(DebugSteps, BreakpointsMayBeSetAndTakenAwayAtAStop) {
   rig.BreakAt(20);
   rig.BreakAt(30);
   rig.BreakAt(20);
-  rig.model.Unbreak(Run);
+  rig.model.Run();
   EXPECT_EQ(rig.NextStop(), 30);
 }
 
@@ -253,10 +253,10 @@ TEST(DebugSteps, ABreakpointStopsOnlyWhereItsConditionHolds) {
   rig.model.SetBreakRule(1, {"i>6 and I<=8", 1});
   EXPECT_EQ(rig.NextStop(), 20);
   EXPECT_EQ(rig.Value("I!"), "7");
-  rig.model.Unbreak(Run);
+  rig.model.Run();
   EXPECT_EQ(rig.NextStop(), 20);
   EXPECT_EQ(rig.Value("I!"), "8");
-  rig.model.Unbreak(Run);
+  rig.model.Run();
   EXPECT_EQ(rig.NextStop(), ENDED);
 }
 
@@ -265,7 +265,7 @@ TEST(DebugSteps, ABreakpointStopsFromItsCountOn) {
   rig.model.SetBreakRule(1, {"I MOD 2=0", 4});
   EXPECT_EQ(rig.NextStop(), 20);
   EXPECT_EQ(rig.Value("I!"), "8");
-  rig.model.Unbreak(Run);
+  rig.model.Run();
   EXPECT_EQ(rig.NextStop(), 20);
   EXPECT_EQ(rig.Value("I!"), "10");
 }
@@ -294,7 +294,7 @@ TEST(DebugSteps, RunToCursorStopsThereOnce) {
   EXPECT_TRUE(rig.model.RunToCursor(30));
   EXPECT_EQ(rig.NextStop(), 30);
   EXPECT_EQ(rig.Value("A!"), "1");
-  rig.model.Unbreak(Run);
+  rig.model.Run();
   EXPECT_EQ(rig.NextStop(), ENDED);
 }
 
@@ -304,7 +304,7 @@ TEST(DebugSteps, AnotherStopEndsTheRunToCursor) {
   rig.BreakAt(20);
   rig.model.RunToCursor(30);
   EXPECT_EQ(rig.NextStop(), 20);
-  rig.model.Unbreak(Run);
+  rig.model.Run();
   EXPECT_EQ(rig.NextStop(), ENDED);
 }
 
