@@ -6,7 +6,7 @@
 #include <cmath>
 #include <vector>
 
-#include "core/number_text.h"
+#include "common/text/ascii.h"
 #include "vm/stack_data.h"
 
 namespace zoka {

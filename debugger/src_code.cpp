@@ -1,7 +1,7 @@
 // The lines of the source, by number and in order.
 #include "debugger/src_code.h"
 
-#include "core/number_text.h"
+#include "common/text/number.h"
 
 namespace zoka {
 
@@ -14,7 +14,7 @@ void TSrcCode::Set(std::string_view text) {
     const std::string_view line = text.substr(0, end);
     TSrcCodeItem item;
     item.text = line;
-    item.line = leading_long(line);
+    item.line = parse_long(line);
     // The first of two lines with one number counts here, although jumps take the later one.
     mLines.try_emplace(item.line, mItems.size());
     mItems.push_back(std::move(item));
