@@ -77,8 +77,8 @@ void TRunView::LanguageChanged() {
 
 std::string TRunView::WinTitle() const {
   std::string mode;
-  if (mCompatiMode == 2) mode = mContext.catalogue->GetString("DISK-BASIC");
-  if (mCompatiMode == 3) mode = mContext.catalogue->GetString("DOS-BASIC");
+  if (CompatiMode() == 2) mode = mContext.catalogue->GetString("DISK-BASIC");
+  if (CompatiMode() == 3) mode = mContext.catalogue->GetString("DOS-BASIC");
   return mode + " - " + APP_NAME + " " + mContext.catalogue->GetString("(Run Window)");
 }
 

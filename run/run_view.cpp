@@ -55,7 +55,9 @@ class TRunView::TCompileThread final : public TThread {
  protected:
   int32_t Execute() override {
     TCompiler compiler(mView.mContext, &mView.mMidCode, &mView.mCancelCompile);
-    TCompileResult result = compiler.Compile(mText.c_str(), &mView.mCompatiMode);
+    int32_t compatiMode = mView.mCompatiMode.load();
+    TCompileResult result = compiler.Compile(mText.c_str(), &compatiMode);
+    mView.mCompatiMode.store(compatiMode);
     mView.mCompileFault = compiler.Fault();
     if (mEnded) mEnded();
     return static_cast<int32_t>(result);
@@ -110,7 +112,7 @@ TRunView::TRunView(TEngineContext& context, TRunHost& host)
       mPlayer(*context.clock, TSoundSettings{context.prefs->SVol, context.prefs->MDly}),
       mInputs(std::make_unique<TLiveInputs>(context, mRsrc, host, mProducer)) {
   int32_t preferred = context.prefs->CmpM.load();
-  if (preferred != 0) mCompatiMode = preferred;
+  if (preferred != 0) mCompatiMode.store(preferred);
   mRsrc.SetFontFamilyAndSize(context.prefs->RWFF, context.prefs->RWFS.load());
   mRsrc.SetOwner(this);
   mPlayer.SetProducer(&mProducer);
@@ -159,7 +161,7 @@ bool TRunView::ReadyBasic() {
   parts.inputs = mInputs.get();
   parts.host = this;
   mMachine = std::make_unique<TVMachine>("Virtual Machine", parts);
-  mMachine->SetRuntimeCompatiMode(mCompatiMode);
+  mMachine->SetRuntimeCompatiMode(CompatiMode());
   SetPort(mMachine->Port());
   mPlayTarget = std::make_unique<TPlayTarget>(mMachine->Port());
   mPlayer.SetVMachine(mPlayTarget.get());

@@ -78,7 +78,7 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   TBasicRsrc& Rsrc() { return mRsrc; }
   TMmlPlayer& Player() { return mPlayer; }
   TMidiLocalProducer& Producer() { return mProducer; }
-  int32_t CompatiMode() const { return mCompatiMode; }
+  int32_t CompatiMode() const { return mCompatiMode.load(); }
   int64_t RunNumber() const { return mRunNumber; }
 
   // --- The screen.
@@ -183,7 +183,7 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   std::atomic<bool> mCancelCompile{false};
   std::atomic<bool> mStopRequested{false};
   TException mCompileFault;
-  int32_t mCompatiMode = 2;
+  std::atomic<int32_t> mCompatiMode{2};  // the compiler stores it
   std::atomic<TTimerId> mOnTimeTimer{0};
   int64_t mRunNumber = 0;
 

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <array>
+#include <atomic>
 #include <deque>
 #include <functional>
 #include <string>
@@ -290,7 +291,7 @@ class TBasicRsrc {
   std::array<bool, PAGE_COUNT> palStale{};
   std::array<TTxtCell, MAX_TXT_CELLS> txtCell;
   std::array<int8_t, MAX_TXT_CELLS> txtAttr{};
-  int8_t grphYScale = 2;
+  std::atomic<int8_t> grphYScale{2};  // the host reads it for the mouse
   int8_t grphBackColor = 0;
   int8_t grphForeColor = 7;
   int8_t optionBase = 0;

@@ -171,6 +171,7 @@ void TRunWindow::UpdateMBarVisibility() {
 
 void TRunWindow::ToggleFullScreen() {
   const bool wanted = !isFullScreen();
+  if (wanted) mNormalPlace = pos();
   layout()->setSizeConstraint(wanted ? QLayout::SetDefaultConstraint : QLayout::SetFixedSize);
   if (wanted) {
     setMinimumSize(0, 0);
@@ -182,7 +183,16 @@ void TRunWindow::ToggleFullScreen() {
     showFullScreen();
   } else {
     showNormal();
+    move(mNormalPlace);
   }
+}
+
+void TRunWindow::changeEvent(QEvent* event) {
+  TBasicWindow::changeEvent(event);
+  if (event->type() != QEvent::WindowStateChange || !isMaximized() || isFullScreen()) return;
+  // The zoom button of the window trades the menu bar for the picture alone.
+  setWindowState(windowState() & ~Qt::WindowMaximized);
+  Zoom();
 }
 
 void TRunWindow::showEvent(QShowEvent* event) {

@@ -41,6 +41,7 @@ class TRunWindow final : public TBasicWindow {
 
  protected:
   void showEvent(QShowEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   void CreateMenu();
@@ -73,6 +74,7 @@ class TRunWindow final : public TBasicWindow {
   TRunWidget* mWidget;
   QAction* mMenuBarItem;
   QAction* mFullScreenItem;
+  QPoint mNormalPlace;  // where the window was before it filled the screen
   std::array<QMenu*, LAMP_COUNT> mDrvMenu{};
   std::array<std::string, LAMP_COUNT> mDrvName;
   std::array<int32_t, LAMP_COUNT> mLampCount{};

@@ -123,7 +123,7 @@ void TRunWindow::CreateSizeItems(QMenu* menu) {
   auto* group = new QActionGroup(menu);
   for (int step = 1; step <= TRunWidget::MAX_STEP; ++step) {
     const std::string label =
-        replace_placeholder(GetString("Size: %Num% Times"), "%Num%", std::to_string(step));
+        replace_placeholder(GetString("Size ×%Num%"), "%Num%", std::to_string(step));
     QAction* item =
         group->addAction(menu->addAction(menu_label(Engine(), label, std::to_string(step))));
     item->setCheckable(true);

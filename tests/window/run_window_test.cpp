@@ -5,6 +5,7 @@
 #include <QInputMethodEvent>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QTimer>
 #include <mutex>
 
 #include "app/settings/exit_states.h"
@@ -161,6 +162,13 @@ TEST_F(TRunWindowTest, ZoomTwiceReturnsToTheSameSize) {
   EXPECT_TRUE(Until([&] { return window.size() == before; }));
 }
 
+TEST_F(TRunWindowTest, TheZoomButtonOfTheWindowTogglesTheMenuBar) {
+  TRunWindow& window = mApp->RunWindow();
+  window.setWindowState(Qt::WindowMaximized);
+  EXPECT_TRUE(Until([&] { return !window.IsMenuBarShown() && !window.isMaximized(); }));
+  EXPECT_TRUE(Until([&] { return window.size() == QSize(640, 400); }));
+}
+
 TEST_F(TRunWindowTest, TheWholeScreenKeepsPixelsWhole) {
   TRunWindow& window = mApp->RunWindow();
   const QSize before = window.size();
@@ -305,6 +313,26 @@ TEST_F(TRunWindowTest, AnAlertIsShownAndAnswered) {
   EXPECT_TRUE(Until([&] { return IsIdle(); }));
   EXPECT_TRUE(Shows("Division by zero in 10")) << Screen();
   EXPECT_TRUE(Until([&] { return mEngine->Alerts().OpenDialog() == nullptr; }));
+}
+
+TEST_F(TRunWindowTest, AnAlertOfAWindowHoldsItsMessagesBackButNoOthers) {
+  TPlainWindow& main = mApp->MainWindow();
+  main.Appear();
+  ASSERT_TRUE(Until([&] { return main.isActiveWindow(); }));
+  bool checked = false;
+  QTimer::singleShot(0, &main, [&] {
+    ASSERT_NE(mEngine->Alerts().OpenDialog(), nullptr);
+    QMenu* const before = main.menuBar()->actions()[0]->menu();
+    mApp->SetLanguage(TLanguage::Japanese);
+    EXPECT_TRUE(Until([&] { return menu_of(mApp->RunWindow(), "コピー(&C)") != nullptr; }));
+    EXPECT_EQ(main.menuBar()->actions()[0]->menu(), before);
+    EXPECT_EQ(main.menuBar()->actions()[0]->text(), "File(&F)");
+    checked = true;
+    mEngine->Alerts().OpenDialog()->reject();
+  });
+  EXPECT_FALSE(main.OpenFile(mFolder.Path("none.bas")));
+  EXPECT_TRUE(checked);
+  EXPECT_TRUE(Until([&] { return main.menuBar()->actions()[0]->text() == "ファイル(&F)"; }));
 }
 
 TEST_F(TRunWindowTest, KillTakesAnAlertDown) {
