@@ -190,9 +190,15 @@ void TRunWindow::ToggleFullScreen() {
 void TRunWindow::changeEvent(QEvent* event) {
   TBasicWindow::changeEvent(event);
   if (event->type() != QEvent::WindowStateChange || !isMaximized() || isFullScreen()) return;
-  // The zoom button of the window trades the menu bar for the picture alone.
-  setWindowState(windowState() & ~Qt::WindowMaximized);
-  Zoom();
+  // The zoom button of the window trades the menu bar for the picture alone. What the window
+  // manager still has to say about the size comes before.
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        setWindowState(windowState() & ~Qt::WindowMaximized);
+        Zoom();
+      },
+      Qt::QueuedConnection);
 }
 
 void TRunWindow::showEvent(QShowEvent* event) {
