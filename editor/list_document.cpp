@@ -1,10 +1,13 @@
 // The document's logic: loading, saving, and the way into a run.
 #include "editor/list_document.h"
 
+#include <fcntl.h>
+
 #include <utility>
 
 #include "app/settings/prefs.h"
 #include "app/settings/show_alert.h"
+#include "common/file.h"
 #include "common/file_path.h"
 #include "common/file_save.h"
 #include "common/text/ascii.h"
@@ -24,6 +27,7 @@ void TDocumentHost::SetWinTitle() {}
 void TDocumentHost::AddHistory(const std::string&) {}
 void TDocumentHost::ShowRun() {}
 void TDocumentHost::StateChanged() {}
+void TDocumentHost::ModifiedChanged() {}
 void TDocumentHost::CompileEnded(int64_t) {}
 
 TDocumentState next_document_state(TDocumentState state, TDocumentEvent event) {
@@ -92,7 +96,7 @@ bool TListDocument::OpenList(const std::string& path, int32_t encoding) {
   if (!LoadText(path, encoding, "Opening", &list)) return false;
   mText.Set(list.text);
   fCharset = list.charset;
-  fModified = false;
+  SetModified(false);
   SetCurERef(path);
   mRunView.SetDriveFolder(0, extract_file_folder_path_kernel(path));
   return true;
@@ -109,7 +113,7 @@ bool TListDocument::OpenBytes(std::string bytes, int32_t encoding, const std::st
   NoteReport(list);
   mText.Set(list.text);
   fCharset = list.charset;
-  fModified = false;
+  SetModified(false);
   return true;
 }
 
@@ -132,15 +136,45 @@ bool TListDocument::MergeList(const std::string& path, int32_t encoding) {
 void TListDocument::KeepCharset(int32_t charset) {
   // A list that must be given a name before it is saved stays one.
   if (charset != 0) fCharset = charset;
-  fModified = true;
+  SetModified(true);
 }
 
 bool TListDocument::SaveList(const std::string& path, bool isAuto) {
-  if (!save_file_atomically(path, mText.Get())) return false;
+  if (!save_file_atomically(path, mText.Get(), mRescueFolder)) return false;
+  TBasicFile file;
+  if (file.SetTo(path, O_WRONLY) == 0) file.SetTypeIfNone(LIST_MIME_TYPE);
   if (isAuto) return true;
-  fModified = false;
+  SetModified(false);
   fCharset = 0;
   return true;
+}
+
+bool TListDocument::SaveListAs(const std::string& path) {
+  if (!SaveList(path, false)) return false;
+  SetCurERef(path);
+  mRunView.SetDriveFolder(0, extract_file_folder_path_kernel(path));
+  return true;
+}
+
+void TListDocument::NewList() { OpenCopy(""); }
+
+void TListDocument::OpenCopy(const std::string& text) {
+  mText.Set(text);
+  SetCurERef("");
+  SetModified(false);
+}
+
+bool TListDocument::RestoreBackup(const std::string& path) {
+  fIsAutoBackup = true;
+  const bool restored = AddList(path, ENCODING_UTF8);
+  if (!restored) fIsAutoBackup = false;
+  mHost.SetWinTitle();
+  return restored;
+}
+
+void TListDocument::SetModified(bool modified) {
+  fModified = modified;
+  mHost.ModifiedChanged();
 }
 
 void TListDocument::SetCurERef(const std::string& path) {
@@ -180,6 +214,7 @@ void TListDocument::EndCompile() {
 }
 
 bool TListDocument::PrepareRun(TMessage* request) {
+  if (!mAutoSavePath.empty() && mContext.prefs->ASBR.load()) SaveList(mAutoSavePath, true);
   SetState(TDocumentEvent::Kill);
   EndCompile();
   mRunView.QuitBasic();

@@ -25,6 +25,8 @@ class TEditText {
   virtual std::string Get() const = 0;
   /// Replaces all of it; nothing to undo remains.
   virtual void Set(const std::string& text) = 0;
+  /// Replaces all of it as an edit, which can be undone where that is possible.
+  virtual void Replace(const std::string& text) { Set(text); }
   /// Inserts at the selection.
   virtual void Insert(const std::string& text) = 0;
   /// Inserts at the end.
@@ -59,6 +61,8 @@ class TDocumentHost {
   virtual void ShowRun();
   /// The state of the document has changed.
   virtual void StateChanged();
+  /// The text became modified, or no longer is.
+  virtual void ModifiedChanged();
   /// A compilation begun by StartRun has ended: have FinishRun(compilation) called later, on the
   /// document's thread. Called on the compiler's thread.
   virtual void CompileEnded(int64_t compilation);
@@ -76,6 +80,9 @@ TDocumentState next_document_state(TDocumentState state, TDocumentEvent event);
 enum class TRunOutcome : uint8_t { Started, NothingToRun, CompileFailed, LoadFailed, Cancelled,
                                    Compiling };
 
+/// The type that files of lists are given, unless they have one.
+constexpr const char LIST_MIME_TYPE[] = "text/x-BASIC-source-code";
+
 /// The document. All calls on one thread, the host's.
 class TListDocument {
  public:
@@ -91,6 +98,18 @@ class TListDocument {
   bool MergeList(const std::string& path, int32_t encoding);
   /// Writes the text; an auto-save changes nothing of the document's state.
   bool SaveList(const std::string& path, bool isAuto);
+  /// Writes the text to a file that becomes the current one; its folder is drive 1.
+  bool SaveListAs(const std::string& path);
+  /// An empty list without a file. What charset the last one had is kept.
+  void NewList();
+  /// An unmodified list without a file: a copy of a sample, or one to begin with.
+  void OpenCopy(const std::string& text);
+  /// Inserts what a process left behind that ended abnormally.
+  bool RestoreBackup(const std::string& path);
+  /// Where a copy is laid down before a file is written in place; see save_file_atomically.
+  void SetRescueFolder(const std::string& folder) { mRescueFolder = folder; }
+  /// The auto-save list, written before each run if the preferences say so; empty for none.
+  void SetAutoSavePath(const std::string& path) { mAutoSavePath = path; }
 
   /// The one way into a run: ends the old one, compiles, starts. `request` may hold "LineNum" or
   /// "Label", and "FileName" with "Merge" when a program has asked for another list.
@@ -113,7 +132,7 @@ class TListDocument {
   void SetCurERef(const std::string& path);
   int32_t Charset() const { return fCharset; }
   bool IsModified() const { return fModified; }
-  void SetModified(bool modified) { fModified = modified; }
+  void SetModified(bool modified);
   bool IsAutoBackup() const { return fIsAutoBackup; }
   TDocumentState State() const { return mState; }
   /// The compiled text of the last run and its map to the editor's.
@@ -142,6 +161,8 @@ class TListDocument {
   bool fModified = false;
   TFmtSrc mFormatted;
   std::vector<std::string> mReport;
+  std::string mRescueFolder;
+  std::string mAutoSavePath;
   TDocumentState mState = TDocumentState::Idle;
   int64_t mCompilation = 0;  // number of the last compilation in the background
   TMessage mRequest;         // its request

@@ -98,6 +98,7 @@ int32_t TVMachine::Execute() {
   try {
     RunProgram();
   } catch (const TException& fault) {
+    mFault = fault;
     ShowFault(fault);
     mExitStatus = 1;
   }

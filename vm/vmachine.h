@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <list>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -96,6 +97,9 @@ class TVMachine : public TThread {
   /// Before the start: int32 "LineNum", else string "Label". The jump is made inside Execute, so a
   /// wrong start is an ordinary run-time error. Returns true.
   bool SetStartPos(const TMessage& message);
+
+  /// The fault that ended the run, or null. Once the run has ended.
+  const TException* Fault() const { return mFault ? &*mFault : nullptr; }
 
   /// Shared with other threads; outlives the machine.
   std::shared_ptr<TInterruptPort> Port() const { return mPort; }
@@ -294,6 +298,7 @@ class TVMachine : public TThread {
   std::vector<int32_t> mDataIndices;  // of all DATA records; made by the first READ
   TMessage mStart;
   TMessage mRunRequest;
+  std::optional<TException> mFault;
 };
 
 }  // namespace zoka
