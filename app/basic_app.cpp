@@ -2,7 +2,14 @@
 #include "app/basic_app.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QEvent>
+#include <QMessageBox>
+#include <QUrl>
+
+#include "app/data_folder.h"
+#include "app/settings/show_alert.h"
+#include "common/window/menu_label.h"
 
 namespace zoka {
 
@@ -13,9 +20,10 @@ TBasicApp::TBasicApp(TAppEngine& engine)
       mRunWindow(std::make_unique<TRunWindow>(mWindowContext, &engine.Place())),
       mSound(std::make_unique<TPlayOutputs>(
           *engine.Context().clock, mRunWindow->RunView()->Producer(), TPlayOutputOptions{})),
-      mMainWindow(std::make_unique<TPlainWindow>(mWindowContext, *mRunWindow)) {
+      mMainWindow(std::make_unique<TZokaBasicWindow>(mWindowContext, *mRunWindow, engine.Place())) {
   QApplication::setQuitOnLastWindowClosed(false);
   qApp->installEventFilter(this);
+  CreateDialogs();
 }
 
 TBasicApp::~TBasicApp() {
@@ -25,7 +33,50 @@ TBasicApp::~TBasicApp() {
 
 void TBasicApp::ReadyToRun(const std::string& path) {
   mMainWindow->Appear();
-  if (!path.empty() && mMainWindow->OpenFile(path)) mMainWindow->Run();
+  mMainWindow->View().CheckAndLoadAutoSave();
+  if (!path.empty()) mMainWindow->OpenFile(path);
+}
+
+void TBasicApp::CreateDialogs() {
+  constexpr TSimpleInputTexts GO_TO_LINE{"Go to Line", "Go to Line: ", "L", "Go", "G"};
+  constexpr TSimpleInputTexts RUN_LINE{"Run with Line Number", "Line Number or Label: ", "L", "Run",
+                                       "R"};
+  TZokaBasicWindow* const window = mMainWindow.get();
+  THandlerRegistry& registry = mEngine.Registry();
+  mGoToLine = new TSimpleInputWindow(window, mEngine.Context(), registry, GO_TO_LINE, "gtlr");
+  mRunLine = new TSimpleInputWindow(window, mEngine.Context(), registry, RUN_LINE, "rnlr");
+  mRenumber = new TRenumWindow(window, mEngine.Context(), registry);
+  for (TDialogWindow* dialog :
+       {static_cast<TDialogWindow*>(mGoToLine), static_cast<TDialogWindow*>(mRunLine),
+        static_cast<TDialogWindow*>(mRenumber)}) {
+    dialog->SetTarget(window->HandlerId());
+  }
+}
+
+void TBasicApp::SetLabels() {
+  mGoToLine->SetLabels();
+  mRunLine->SetLabels();
+  mRenumber->SetLabels();
+}
+
+void TBasicApp::MItemHelpClicked() {
+  const TEngineContext& context = mEngine.Context();
+  const QString path = find_data_entry("docs/help/" + localized(context, "ReadMe_Eng.txt"));
+  if (!path.isEmpty() && QDesktopServices::openUrl(QUrl::fromLocalFile(path))) return;
+  show_fault_alert(context, context.catalogue->GetString("@Err_Cannot_Show_Help@"), nullptr);
+}
+
+void TBasicApp::MItemAboutClicked() {
+  const TEngineContext& context = mEngine.Context();
+  auto* const box = new QMessageBox(mMainWindow.get());
+  box->setObjectName("AboutWindow");
+  box->setAttribute(Qt::WA_DeleteOnClose);
+  box->setWindowTitle(localized(context, "About"));
+  box->setTextFormat(Qt::PlainText);
+  box->setText(QString(APP_NAME) + " " + APP_VERSION);
+  box->setInformativeText(localized(context, "@About@"));
+  box->addButton(localized(context, "Close"), QMessageBox::AcceptRole);
+  box->open();
 }
 
 void TBasicApp::MessageReceived(const TMessage& message) {
@@ -37,11 +88,31 @@ void TBasicApp::MessageReceived(const TMessage& message) {
     case message_code("_QRQ"):
       QuitRequested();
       return;
+    case message_code("gtln"):
+      return mGoToLine->Appear();
+    case message_code("runl"):
+      return mRunLine->Appear();
+    case message_code("rnmb"):
+      return mRenumber->Appear();
+    case message_code("_hlp"):
+      return MItemHelpClicked();
+    case message_code("_ABR"):
+      return MItemAboutClicked();
+    case message_code("prcd"):
+      return mMainWindow->View().SetStatBarStr(
+          mEngine.Context().catalogue->GetString("Preferences changed."));
+    case message_code("pmfc"):
+    case message_code("pwwc"):
+    case message_code("parc"):
+    case message_code("pdec"):
+      return mMainWindow->PostMessage(message);
     case message_code("sdfr"):
     case message_code("prfc"):
     case message_code("pusc"):
       return mRunWindow->PostMessage(message);
     case message_code(LANGUAGE_CHANGED_CODE):
+      SetLabels();
+      return Broadcast(message);
     case message_code(IAP_CHANGED_CODE):
       return Broadcast(message);
     default:
@@ -67,6 +138,7 @@ bool TBasicApp::eventFilter(QObject* object, QEvent* event) {
 }
 
 bool TBasicApp::QuitRequested() {
+  if (!mMainWindow->AskQuit()) return false;
   Quit();
   QApplication::quit();
   return true;

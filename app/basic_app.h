@@ -6,8 +6,10 @@
 #include <string>
 
 #include "app/app_engine.h"
-#include "app/plain_window.h"
+#include "app/zoka_basic_window.h"
+#include "common/window/dialog_window.h"
 #include "common/window/message_queue.h"
+#include "editor/window/renum_window.h"
 #include "run/window/run_window.h"
 #include "sound/play_outputs.h"
 
@@ -20,7 +22,8 @@ class TBasicApp final : public THandler, private QObject {
   ~TBasicApp() override;
 
   void PostMessage(const TMessage& message) override { mQueue.PostMessage(message); }
-  /// The application is up: shows the windows, and opens and runs `path` if there is one.
+  /// The application is up: shows the main window, asks about what an abnormal end left behind, and
+  /// opens `path` if there is one.
   void ReadyToRun(const std::string& path);
   /// Asks the main window; ends the application unless the user wants to stay.
   bool QuitRequested();
@@ -28,11 +31,18 @@ class TBasicApp final : public THandler, private QObject {
   void SetLanguage(TLanguage language);
 
   TRunWindow& RunWindow() { return *mRunWindow; }
-  TPlainWindow& MainWindow() { return *mMainWindow; }
+  TZokaBasicWindow& MainWindow() { return *mMainWindow; }
+  TSimpleInputWindow& GoToLineWindow() { return *mGoToLine; }
+  TSimpleInputWindow& RunLineWindow() { return *mRunLine; }
+  TRenumWindow& RenumWindow() { return *mRenumber; }
 
  private:
   void MessageReceived(const TMessage& message);
   void Broadcast(const TMessage& message);
+  void CreateDialogs();
+  void SetLabels();
+  void MItemHelpClicked();
+  void MItemAboutClicked();
   bool eventFilter(QObject* object, QEvent* event) override;
   void Quit();
 
@@ -41,7 +51,11 @@ class TBasicApp final : public THandler, private QObject {
   TWindowContext mWindowContext;
   std::unique_ptr<TRunWindow> mRunWindow;
   std::unique_ptr<TPlayOutputs> mSound;  // of the run window's player
-  std::unique_ptr<TPlainWindow> mMainWindow;
+  std::unique_ptr<TZokaBasicWindow> mMainWindow;
+  // Of the main window, which deletes them.
+  TSimpleInputWindow* mGoToLine = nullptr;
+  TSimpleInputWindow* mRunLine = nullptr;
+  TRenumWindow* mRenumber = nullptr;
 };
 
 }  // namespace zoka

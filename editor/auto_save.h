@@ -1,5 +1,6 @@
-// TAutoSaveSlot: where one process keeps what must survive its death: the auto-save list and, beside
-// it, the journal of unsaved text. Several processes never share a slot. It asks nobody anything.
+// TAutoSaveSlot: where one process keeps what must survive its death: the auto-save list and,
+// beside it, the journal of unsaved text. Several processes never share a slot. It asks nobody
+// anything.
 #pragma once
 
 #include <string>
@@ -9,7 +10,8 @@
 
 namespace zoka {
 
-/// Names of the first slot's files; the others have their number behind the body ("AutoSave.2.bas").
+/// Names of the first slot's files; the others have their number behind the body
+/// ("AutoSave.2.bas").
 constexpr const char AUTO_SAVE_FILE[] = "AutoSave";
 /// Processes that may have a slot at the same time; one more has none and keeps nothing.
 constexpr int MAX_AUTO_SAVE_SLOTS = 100;

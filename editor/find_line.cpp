@@ -8,7 +8,9 @@
 namespace zoka {
 namespace {
 
-bool is_digit(char c) { return c >= '0' && c <= '9'; }
+bool is_digit(char c) {
+  return c >= '0' && c <= '9';
+}
 
 /// True if `line` has a number and it is that.
 bool has_number(std::string_view line, int32_t lineNum) {

@@ -50,6 +50,9 @@ bool TListRequests::MessageReceived(const TMessage& message) {
     case message_code("_RRC"):
       RefsReceived(message);
       return true;
+    case message_code("_smp"):
+      CopyRequested(message);
+      return true;
     case message_code("gtlr"):
       GoToLineRqtd(message);
       return true;
@@ -155,6 +158,15 @@ bool TListRequests::LoadList(const TMessage& message, const TPathRef& ref) {
 bool TListRequests::OpenAfterAsking(const TMessage& message, const TPathRef& ref,
                                     int32_t encoding) {
   return AskSave(message, mHost.WindowId()) && mDocument.OpenList(ref.bytes, encoding);
+}
+
+void TListRequests::CopyRequested(const TMessage& message) {
+  TPathRef ref;
+  if (!message.FindRef("refs", &ref) || !AskSave(message, mHost.WindowId())) return;
+  TListText list;
+  const TListFault fault = CreateListCtt(ref.bytes, ENCODING_UTF8, false, &list);
+  if (fault == TListFault::None) return mDocument.OpenCopy(list.text);
+  show_fault_alert(mContext, list_fault_text(fault, ref.bytes, *mContext.catalogue), nullptr);
 }
 
 void TListRequests::GoToLineRqtd(const TMessage& message) {

@@ -1,6 +1,6 @@
-// TListRequests: what the document does with messages: New, Save, files that were chosen or dropped,
-// the dialogs' answers, the wishes of programs; and how a request that waits for a save goes on
-// behind it. It owns neither text nor window.
+// TListRequests: what the document does with messages: New, Save, files that were chosen or
+// dropped, the dialogs' answers, the wishes of programs; and how a request that waits for a save
+// goes on behind it. It owns neither text nor window.
 #pragma once
 
 #include <string>
@@ -58,6 +58,7 @@ class TListRequests {
   void RunLineRqtd(TMessage message);
   void RenumberRqtd(const TMessage& message);
   void RunRequested(TMessage message);
+  void CopyRequested(const TMessage& message);
   bool AskRemoveHistory(const TMessage& message, const TPathRef& ref);
   bool LoadList(const TMessage& message, const TPathRef& ref);
   bool OpenAfterAsking(const TMessage& message, const TPathRef& ref, int32_t encoding);

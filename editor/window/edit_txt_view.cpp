@@ -1,0 +1,267 @@
+// The editor component, as the list needs it.
+#include "editor/window/edit_txt_view.h"
+
+#include <Qsci/qscicommandset.h>
+
+#include <QDropEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <set>
+
+namespace zoka {
+namespace {
+
+constexpr int NUMBER_MARGIN = 0;
+constexpr int MARK_MARGIN = 1;
+constexpr int MARK_MARGIN_WIDTH = 14;
+constexpr int FAULT_MARK = 1;
+constexpr int FAULT_LINE_MARK = 2;
+
+/// The keys of moving and typing. All others are left to the menus: none of the component's own may
+/// delete a line where the user expects a menu.
+const std::set<QsciCommand::Command>& kept_commands() {
+  static const std::set<QsciCommand::Command> KEPT{
+      QsciCommand::LineDown,
+      QsciCommand::LineDownExtend,
+      QsciCommand::LineUp,
+      QsciCommand::LineUpExtend,
+      QsciCommand::CharLeft,
+      QsciCommand::CharLeftExtend,
+      QsciCommand::CharRight,
+      QsciCommand::CharRightExtend,
+      QsciCommand::WordLeft,
+      QsciCommand::WordLeftExtend,
+      QsciCommand::WordRight,
+      QsciCommand::WordRightExtend,
+      QsciCommand::VCHome,
+      QsciCommand::VCHomeExtend,
+      QsciCommand::LineEnd,
+      QsciCommand::LineEndExtend,
+      QsciCommand::DocumentStart,
+      QsciCommand::DocumentStartExtend,
+      QsciCommand::DocumentEnd,
+      QsciCommand::DocumentEndExtend,
+      QsciCommand::PageUp,
+      QsciCommand::PageUpExtend,
+      QsciCommand::PageDown,
+      QsciCommand::PageDownExtend,
+      QsciCommand::Delete,
+      QsciCommand::DeleteBack,
+      QsciCommand::DeleteWordLeft,
+      QsciCommand::DeleteWordRight,
+      QsciCommand::Tab,
+      QsciCommand::Backtab,
+      QsciCommand::Newline,
+      QsciCommand::EditToggleOvertype,
+      QsciCommand::Cancel,
+      QsciCommand::Undo,
+      QsciCommand::Redo,
+      QsciCommand::ZoomIn,
+      QsciCommand::ZoomOut,
+      QsciCommand::LineScrollDown,
+      QsciCommand::LineScrollUp,
+  };
+  return KEPT;
+}
+
+/// Keys that never change a text, whatever they do.
+bool is_moving_key(int key) {
+  switch (key) {
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_Insert:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Escape:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+      return true;
+    default:
+      return key >= Qt::Key_F1 && key <= Qt::Key_F35;
+  }
+}
+
+bool has_foreign_files(const QDropEvent& event) {
+  return event.source() == nullptr && event.mimeData()->hasUrls();
+}
+
+}  // namespace
+
+TEditTxtView::TEditTxtView(QWidget* parent) : QsciScintilla(parent), mLexer(new TListLexer(this)) {
+  setObjectName("EditTxtView");
+  setUtf8(true);
+  setEolMode(EolUnix);
+  setScrollWidth(1);
+  setScrollWidthTracking(true);
+  setCaretLineVisible(true);
+  setBraceMatching(SloppyBraceMatch);
+  setTabWidth(8);
+  setIndentationsUseTabs(true);
+  setLexer(mLexer);
+  SetKeys();
+  SetMarks();
+  ApplyColours();
+  connect(this, &QsciScintilla::textChanged, this, [this] {
+    if (mSetting) return;
+    MarkFault(-1);
+    if (mCalls.edited) mCalls.edited();
+  });
+}
+
+void TEditTxtView::SetKeys() {
+  for (QsciCommand* command : standardCommands()->commands()) {
+    if (kept_commands().contains(command->command())) continue;
+    command->setKey(0);
+    command->setAlternateKey(0);
+  }
+  QsciCommand* const redo = standardCommands()->find(QsciCommand::Redo);
+  redo->setAlternateKey(static_cast<int>(Qt::CTRL) | static_cast<int>(Qt::SHIFT) | Qt::Key_Z);
+}
+
+void TEditTxtView::SetMarks() {
+  setMarginType(NUMBER_MARGIN, NumberMargin);
+  setMarginWidth(NUMBER_MARGIN, "00000");
+  setMarginType(MARK_MARGIN, SymbolMargin);
+  setMarginWidth(MARK_MARGIN, MARK_MARGIN_WIDTH);
+  setMarginMarkerMask(MARK_MARGIN, 1 << FAULT_MARK);
+  markerDefine(RightArrow, FAULT_MARK);
+  markerDefine(Background, FAULT_LINE_MARK);
+}
+
+void TEditTxtView::ApplyColours() {
+  const bool dark = palette().color(QPalette::Base).lightness() < 128;
+  const TEditColours& colours = edit_colours(dark);
+  mLexer->SetDark(dark);
+  mLexer->setDefaultPaper(colours.paper);
+  mLexer->setDefaultColor(colours.text[0]);
+  for (int style = 0; style < TEXT_STYLE_COUNT; ++style) {
+    mLexer->setColor(mLexer->defaultColor(style), style);
+    mLexer->setPaper(colours.paper, style);
+  }
+  setPaper(colours.paper);
+  setColor(colours.text[0]);
+  setCaretForegroundColor(colours.text[0]);
+  setCaretLineBackgroundColor(colours.currentLine);
+  setMarginsBackgroundColor(colours.margin);
+  setMarginsForegroundColor(colours.marginText);
+  setMarkerBackgroundColor(colours.error, FAULT_LINE_MARK);
+  setMarkerBackgroundColor(QColor(0xD0, 0x30, 0x20), FAULT_MARK);
+  setMarkerForegroundColor(QColor(0xD0, 0x30, 0x20), FAULT_MARK);
+  setMatchedBraceBackgroundColor(colours.currentLine.darker(dark ? 60 : 115));
+  setMatchedBraceForegroundColor(colours.text[0]);
+}
+
+void TEditTxtView::SetFontFamilyAndSize(const std::string& family, float points) {
+  QFont font(QString::fromStdString(family));
+  font.setPointSizeF(static_cast<qreal>(points));
+  mLexer->setDefaultFont(font);
+  for (int style = 0; style < TEXT_STYLE_COUNT; ++style) mLexer->setFont(font, style);
+  setMarginsFont(font);
+  setMarginWidth(NUMBER_MARGIN, "00000");
+}
+
+void TEditTxtView::SetWordWrap(bool wrap) {
+  setWrapMode(wrap ? WrapCharacter : WrapNone);
+}
+
+std::string TEditTxtView::Get() const {
+  const auto length = static_cast<size_t>(SendScintilla(SCI_GETLENGTH));
+  const auto* text = static_cast<const char*>(SendScintillaPtrResult(SCI_GETCHARACTERPOINTER));
+  return {text, length};
+}
+
+void TEditTxtView::Set(const std::string& text) {
+  mSetting = true;
+  SendScintilla(SCI_CLEARALL);
+  SendScintilla(SCI_APPENDTEXT, static_cast<unsigned long>(text.size()), text.data());
+  SendScintilla(SCI_EMPTYUNDOBUFFER);
+  SendScintilla(SCI_GOTOPOS, 0UL);
+  mSetting = false;
+  MarkFault(-1);
+}
+
+void TEditTxtView::Replace(const std::string& text) {
+  const long position = SendScintilla(SCI_GETCURRENTPOS);
+  beginUndoAction();
+  SendScintilla(SCI_TARGETWHOLEDOCUMENT);
+  SendScintilla(SCI_REPLACETARGET, static_cast<unsigned long>(text.size()), text.data());
+  endUndoAction();
+  SendScintilla(SCI_GOTOPOS, static_cast<unsigned long>(position));
+}
+
+void TEditTxtView::Insert(const std::string& text) {
+  beginUndoAction();
+  SendScintilla(SCI_REPLACESEL, "");
+  SendScintilla(SCI_ADDTEXT, static_cast<unsigned long>(text.size()), text.data());
+  endUndoAction();
+}
+
+void TEditTxtView::Append(const std::string& text) {
+  SendScintilla(SCI_APPENDTEXT, static_cast<unsigned long>(text.size()), text.data());
+}
+
+void TEditTxtView::GoToOffset(size_t offset) {
+  SendScintilla(SCI_GOTOPOS, static_cast<unsigned long>(offset));
+  SendScintilla(SCI_VERTICALCENTRECARET);
+  setFocus();
+}
+
+void TEditTxtView::MarkFault(int line) {
+  markerDeleteAll(FAULT_MARK);
+  markerDeleteAll(FAULT_LINE_MARK);
+  if (line < 0) return;
+  markerAdd(line, FAULT_MARK);
+  markerAdd(line, FAULT_LINE_MARK);
+  GoToOffset(
+      static_cast<size_t>(SendScintilla(SCI_POSITIONFROMLINE, static_cast<unsigned long>(line))));
+}
+
+int TEditTxtView::FaultLine() const {
+  return const_cast<TEditTxtView*>(this)->markerFindNext(0, 1U << FAULT_MARK);
+}
+
+void TEditTxtView::ClearSelection() {
+  SendScintilla(SCI_REPLACESEL, "");
+}
+
+std::string TEditTxtView::WordAtCursor() const {
+  const long position = SendScintilla(SCI_GETCURRENTPOS);
+  const auto begin = static_cast<size_t>(
+      SendScintilla(SCI_WORDSTARTPOSITION, static_cast<unsigned long>(position), 1L));
+  const auto end = static_cast<size_t>(
+      SendScintilla(SCI_WORDENDPOSITION, static_cast<unsigned long>(position), 1L));
+  return Get().substr(begin, end - begin);
+}
+
+void TEditTxtView::keyPressEvent(QKeyEvent* event) {
+  QsciScintilla::keyPressEvent(event);
+  const bool single = event->text().size() == 1 && event->text()[0].unicode() < 0x80;
+  const bool plain = (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
+  // A key that deletes at the text's end counts as typing, too.
+  if (single && plain && !is_moving_key(event->key()) && mCalls.edited) mCalls.edited();
+}
+
+void TEditTxtView::changeEvent(QEvent* event) {
+  QsciScintilla::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange && mLexer != nullptr) ApplyColours();
+}
+
+void TEditTxtView::dragEnterEvent(QDragEnterEvent* event) {
+  if (has_foreign_files(*event)) return event->acceptProposedAction();
+  QsciScintilla::dragEnterEvent(event);
+}
+
+void TEditTxtView::dragMoveEvent(QDragMoveEvent* event) {
+  if (has_foreign_files(*event)) return event->acceptProposedAction();
+  QsciScintilla::dragMoveEvent(event);
+}
+
+void TEditTxtView::dropEvent(QDropEvent* event) {
+  if (!has_foreign_files(*event)) return QsciScintilla::dropEvent(event);
+  event->acceptProposedAction();
+  if (mCalls.dropped) mCalls.dropped(*event->mimeData());
+}
+
+}  // namespace zoka

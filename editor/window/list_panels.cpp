@@ -1,0 +1,95 @@
+// Panels of the toolkit with the list's own controls.
+#include "editor/window/list_panels.h"
+
+#include <QFile>
+#include <QGridLayout>
+#include <QHBoxLayout>
+
+#include "app/settings/prefs.h"
+#include "common/window/menu_label.h"
+#include "editor/list_requests.h"
+
+namespace zoka {
+namespace {
+
+constexpr const char* ENCODINGS[] = {"Auto Detect", "UTF-8 (BeOS)", "Shift-JIS (DOS-BASIC)",
+                                     "JIS / NEC JIS (DISK-BASIC)"};
+
+void set_name_filters(QFileDialog& panel, const TEngineContext& context) {
+  const QString lists = localized(context, "BASIC Lists");
+  const QString all = localized(context, "All Files");
+  panel.setNameFilters({lists + " (*.bas *.BAS *.Bas)", all + " (*)"});
+}
+
+}  // namespace
+
+TZokaOpenPanel::TZokaOpenPanel(QWidget* parent, const TEngineContext& context)
+    : QFileDialog(parent),
+      mContext(context),
+      mEncodingLabel(new QLabel(this)),
+      mEncoding(new QComboBox(this)),
+      mAdd(new QCheckBox(this)) {
+  setOption(DontUseNativeDialog);
+  setFileMode(ExistingFile);
+  for (const char* encoding : ENCODINGS) mEncoding->addItem(encoding);
+  // Encodings are known by their places, and the separator takes one.
+  mEncoding->insertSeparator(ENCODING_SEPARATOR);
+  mEncodingLabel->setBuddy(mEncoding);
+  auto* row = new QHBoxLayout;
+  row->addWidget(mEncodingLabel);
+  row->addWidget(mEncoding);
+  row->addStretch();
+  row->addWidget(mAdd);
+  if (auto* grid = qobject_cast<QGridLayout*>(layout())) {
+    grid->addLayout(row, grid->rowCount(), 0, 1, grid->columnCount());
+  }
+  SetLabels();
+  SetDefaultEncoding();
+}
+
+void TZokaOpenPanel::SetLabels() {
+  setWindowTitle(localized(mContext, "%AppName%: Open").replace("%AppName%", APP_NAME));
+  set_name_filters(*this, mContext);
+  const QString marked = localized(mContext, "Encoding");
+  mEncodingLabel->setText(marked);
+  mEncoding->setAccessibleName(marked);
+  mEncoding->setItemText(0, localized(mContext, "Auto Detect"));
+  mAdd->setText(localized(mContext, "Insert to current position"));
+}
+
+void TZokaOpenPanel::SetDefaultEncoding() {
+  mEncoding->setCurrentIndex(mContext.prefs->DEnc.load());
+}
+
+void TZokaOpenPanel::Appear() {
+  ClearCBoxAdd();
+  show();
+  raise();
+  activateWindow();
+}
+
+TMessage TZokaOpenPanel::Message(const QString& path) const {
+  TMessage message("_RRC");
+  message.AddRef("refs", TPathRef{QFile::encodeName(path).toStdString()});
+  message.AddInt32("Encoding", mEncoding->currentIndex());
+  message.AddBool("Add", mAdd->isChecked());
+  return message;
+}
+
+TZokaSavePanel::TZokaSavePanel(QWidget* parent, const TEngineContext& context)
+    : QFileDialog(parent), mContext(context) {
+  setOption(DontUseNativeDialog);
+  setAcceptMode(AcceptSave);
+  setFileMode(AnyFile);
+  // With the extension there before the question whether to replace a file, it asks for the right
+  // one.
+  setDefaultSuffix(LIST_EXT);
+  SetLabels();
+}
+
+void TZokaSavePanel::SetLabels() {
+  setWindowTitle(localized(mContext, "%AppName%: Save").replace("%AppName%", APP_NAME));
+  set_name_filters(*this, mContext);
+}
+
+}  // namespace zoka

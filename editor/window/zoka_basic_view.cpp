@@ -1,0 +1,253 @@
+// The document's view: what it shows, and its timers.
+#include "editor/window/zoka_basic_view.h"
+
+#include <QFile>
+#include <QMimeData>
+#include <QUrl>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "app/settings/prefs.h"
+#include "app/settings/show_alert.h"
+#include "common/file_path.h"
+#include "editor/find_line.h"
+
+namespace zoka {
+namespace {
+
+/// Between a program's end and the run that it asked for.
+constexpr int NEXT_RUN_MS = 20;
+constexpr int MS_PER_MINUTE = 60'000;
+constexpr int32_t YES_OF_TWO = 1;
+
+/// A fault's text on one line.
+std::string one_line(std::string text) {
+  for (char& c : text) {
+    if (c == '\n') c = ' ';
+  }
+  return text;
+}
+
+}  // namespace
+
+TZokaBasicView::TZokaBasicView(TBasicWindow& window, TEngineContext& context,
+                               THandlerRegistry& registry, TRunWindow& runWindow,
+                               const TSettingsPlace& place)
+    : TBasicView(&window),
+      mWindow(window),
+      mContext(context),
+      mRunWindow(runWindow),
+      mEdit(new TEditTxtView(this)),
+      mFindBar(new TFindBar(this, context, *mEdit)),
+      mStatBar(new QLabel(this)),
+      mSlot(place),
+      mDocument(context, *runWindow.RunView(), *mEdit, *this),
+      mRequests(context, registry, mDocument, *mEdit, *this) {
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(mEdit, 1);
+  column->addWidget(mFindBar);
+  column->addWidget(mStatBar);
+  mStatBar->setObjectName("StatBar");
+  mStatBar->setTextFormat(Qt::PlainText);
+  // A long text must not widen the window.
+  mStatBar->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  setFocusProxy(mEdit);
+  mEdit->SetCalls({[this] { mDocument.SetModified(true); },
+                   [this](const QMimeData& files) { SimpleData(files); }});
+  std::string folder;
+  if (get_settings_entry(place, SETTINGS_FOLDER, "", true, &folder) == 0) {
+    mDocument.SetRescueFolder(folder);
+  }
+  if (mSlot.IsOpen()) mDocument.SetAutoSavePath(mSlot.ListPath());
+  mJournalTimer.setSingleShot(true);
+  mJournalTimer.setInterval(JOURNAL_INTERVAL_MS);
+  connect(&mJournalTimer, &QTimer::timeout, this, [this] { mSlot.WriteJournal(mEdit->Get()); });
+  connect(&mAutoSaveTimer, &QTimer::timeout, this, [this] {
+    if (mSlot.IsOpen()) mDocument.SaveList(mSlot.ListPath(), true);
+  });
+  mNextRun.setSingleShot(true);
+  mNextRun.setInterval(NEXT_RUN_MS);
+  connect(&mNextRun, &QTimer::timeout, this, [this] { mRequests.MessageReceived(mNextRequest); });
+  mRunWindow.Host().SetRunEnded(
+      [this](int64_t run, int32_t, const TMessage* request) { RunEnded(run, request); });
+  PrefFontChanged();
+  mEdit->SetWordWrap(mContext.prefs->WdWp.load());
+  SetAutoSaveRegular();
+  LanguageChanged();
+}
+
+TZokaBasicView::~TZokaBasicView() {
+  mCalls = {};
+  mRunWindow.Host().SetRunEnded({});
+  mDocument.Kill();
+  mSlot.DeleteAutoSave();
+}
+
+void TZokaBasicView::CheckAndLoadAutoSave() {
+  if (mSlot.Leftover().empty()) return;
+  const std::string text =
+      replace_placeholder(GetString("@Ask_Auto_Open %AppName%@"), "%AppName%", APP_NAME) + "\n\n" +
+      GetString("@Warning_Invalid_Auto_Save@");
+  if (show_alert(mContext, text, {{"No", "N"}, {"Yes", "Y"}}, 0, nullptr) == YES_OF_TWO) {
+    mDocument.RestoreBackup(mSlot.Leftover());
+  }
+}
+
+void TZokaBasicView::SetAutoSaveRegular() {
+  mAutoSaveTimer.stop();
+  if (mContext.prefs->ASvR.load())
+    mAutoSaveTimer.start(mContext.prefs->ASvI.load() * MS_PER_MINUTE);
+}
+
+bool TZokaBasicView::MessageReceived(const TMessage& message) {
+  switch (message.what) {
+    case message_code("kill"):
+      Kill();
+      return true;
+    case message_code("CCUT"):
+      mEdit->cut();
+      return true;
+    case message_code("COPY"):
+      mEdit->copy();
+      return true;
+    case message_code("PSTE"):
+      mEdit->paste();
+      return true;
+    case message_code("SALL"):
+      mEdit->selectAll();
+      return true;
+    case message_code("clr"):
+      mEdit->ClearSelection();
+      return true;
+    case message_code("pmfc"):
+      PrefFontChanged();
+      PrefChanged();
+      return true;
+    case message_code("pwwc"):
+      mEdit->SetWordWrap(mContext.prefs->WdWp.load());
+      PrefChanged();
+      return true;
+    case message_code("parc"):
+      SetAutoSaveRegular();
+      PrefChanged();
+      return true;
+    default:
+      break;
+  }
+  // A run that begins now takes the place of the one that a program has asked for.
+  if (message.what == message_code("run") || message.what == message_code("rnlr")) {
+    mNextRun.stop();
+    mEdit->MarkFault(-1);
+  }
+  return mRequests.MessageReceived(message);
+}
+
+void TZokaBasicView::Kill() {
+  mNextRun.stop();
+  mDocument.Kill();
+}
+
+void TZokaBasicView::SimpleData(const QMimeData& files) {
+  for (const QUrl& url : files.urls()) {
+    if (!url.isLocalFile()) continue;
+    TMessage message("_RRC");
+    message.AddRef("refs", TPathRef{QFile::encodeName(url.toLocalFile()).toStdString()});
+    mWindow.PostMessage(message);
+    return;
+  }
+}
+
+void TZokaBasicView::SetStatBarStr(const std::string& text) {
+  mStatBar->setText(QString::fromStdString(text.empty() ? text : " " + text));
+  // Shown during a long operation, too.
+  mStatBar->repaint();
+}
+
+void TZokaBasicView::SaveFailed(const std::string& path) {
+  SetStatBarStr(replace_placeholder(GetString("Cannot save \"%FileName%\"."), "%FileName%",
+                                    extract_file_name(path)));
+}
+
+void TZokaBasicView::SetWinTitle() {
+  if (mCalls.titleChanged) mCalls.titleChanged();
+}
+
+void TZokaBasicView::AddHistory(const std::string& path) {
+  if (mCalls.addHistory) mCalls.addHistory(path);
+}
+
+void TZokaBasicView::ShowRun() {
+  mRunWindow.Appear();
+}
+
+void TZokaBasicView::StateChanged() {
+  const TDocumentState state = mDocument.State();
+  if (state == TDocumentState::Running) SetStatBarStr(GetString("Running"));
+  if (state == TDocumentState::Idle) SetStatBarStr("");
+  if (mCalls.stateChanged) mCalls.stateChanged();
+}
+
+void TZokaBasicView::ModifiedChanged() {
+  if (!mDocument.IsModified()) {
+    mJournalTimer.stop();
+    mSlot.ClearJournal();
+  } else if (!mJournalTimer.isActive()) {
+    mJournalTimer.start();
+  }
+}
+
+void TZokaBasicView::CompileEnded(int64_t compilation) {
+  const auto finish = [this, compilation] {
+    if (mDocument.FinishRun(compilation) == TRunOutcome::CompileFailed) {
+      ShowFaultLine(mRunWindow.RunView()->CompileFault());
+    }
+  };
+  // Bound to this view: it may be gone when its turn comes.
+  QMetaObject::invokeMethod(this, finish, Qt::QueuedConnection);
+}
+
+void TZokaBasicView::RunEnded(int64_t runNumber, const TMessage* request) {
+  TRunView* const view = mRunWindow.RunView();
+  // What a run says that has a successor already counts no more.
+  if (runNumber != view->RunNumber()) return;
+  mDocument.RunEnded();
+  if (view->VMachine() != nullptr && view->VMachine()->Fault() != nullptr) {
+    ShowFaultLine(*view->VMachine()->Fault());
+  }
+  if (request == nullptr) return;
+  mNextRequest = *request;
+  mNextRequest.what = message_code("vmrr");
+  mNextRun.start();
+}
+
+void TZokaBasicView::ShowFaultLine(const TException& fault) {
+  const TFmtSrc& source = mDocument.FormattedSource();
+  int32_t line = line_with_number(source.Text(), static_cast<int32_t>(fault.ID));
+  if (fault.fault == TFault::Compile && fault.beginPos >= 0) {
+    const std::string_view before =
+        std::string_view(source.Text()).substr(0, static_cast<size_t>(fault.beginPos));
+    line = static_cast<int32_t>(std::count(before.begin(), before.end(), '\n'));
+  }
+  SetStatBarStr(one_line(exception_text(fault, *mContext.catalogue)));
+  if (line >= 0) mEdit->MarkFault(source.EditorLine(line));
+}
+
+void TZokaBasicView::PrefFontChanged() {
+  mEdit->SetFontFamilyAndSize(mContext.prefs->MWFF, mContext.prefs->MWFS.load());
+}
+
+void TZokaBasicView::PrefChanged() {
+  SetStatBarStr(GetString("Preferences changed."));
+}
+
+void TZokaBasicView::LanguageChanged() {
+  mEdit->setAccessibleName(QString::fromStdString(GetString("Program List")));
+  mStatBar->setAccessibleName(QString::fromStdString(GetString("Status")));
+  mFindBar->SetLabels();
+  SetWinTitle();
+  SetStatBarStr("");
+}
+
+}  // namespace zoka

@@ -1,0 +1,90 @@
+// TZokaBasicView: the document in its window: the editor, the find bar and the status line, and
+// what keeps its text safe. Menus and panels are the window's.
+#pragma once
+
+#include <QLabel>
+#include <QTimer>
+
+#include "common/handler.h"
+#include "common/window/basic_view.h"
+#include "common/window/basic_window.h"
+#include "editor/auto_save.h"
+#include "editor/list_document.h"
+#include "editor/list_requests.h"
+#include "editor/window/edit_txt_view.h"
+#include "editor/window/find_bar.h"
+#include "run/window/run_window.h"
+
+namespace zoka {
+
+/// What the view tells its window.
+struct TBasicViewCalls {
+  std::function<void()> titleChanged;
+  std::function<void()> stateChanged;
+  std::function<void(const std::string& path)> addHistory;
+};
+
+/// Window thread, but for CompileEnded.
+class TZokaBasicView final : public TBasicView, private TDocumentHost, private TListRequestHost {
+ public:
+  /// `window` holds the view and hands it the messages that it does not know itself.
+  TZokaBasicView(TBasicWindow& window, TEngineContext& context, THandlerRegistry& registry,
+                 TRunWindow& runWindow, const TSettingsPlace& place);
+  ~TZokaBasicView() override;
+
+  void SetCalls(TBasicViewCalls calls) { mCalls = std::move(calls); }
+  /// Handles a message; false if it is none of the document's.
+  bool MessageReceived(const TMessage& message);
+  /// Asks whether to take over what an abnormal end left behind.
+  void CheckAndLoadAutoSave();
+  /// Starts or ends the regular auto-save as the preferences say.
+  void SetAutoSaveRegular();
+  void LanguageChanged();
+
+  void SetStatBarStr(const std::string& text) override;
+  std::string StatBarStr() const { return mStatBar->text().toStdString(); }
+  /// Stops a program, or a run that is about to begin.
+  void Kill();
+
+  TListDocument& Document() { return mDocument; }
+  TListRequests& Requests() { return mRequests; }
+  TEditTxtView& Edit() { return *mEdit; }
+  TFindBar& FindBar() { return *mFindBar; }
+
+ private:
+  void SetWinTitle() override;
+  void AddHistory(const std::string& path) override;
+  void ShowRun() override;
+  void StateChanged() override;
+  void ModifiedChanged() override;
+  void CompileEnded(int64_t compilation) override;
+
+  THandlerId WindowId() const override { return mWindow.HandlerId(); }
+  void PostToWindow(const TMessage& message) override { mWindow.PostMessage(message); }
+  void GoToOffset(size_t offset) override { mEdit->GoToOffset(offset); }
+  void SaveFailed(const std::string& path) override;
+
+  std::string GetString(const char* key) const { return mContext.catalogue->GetString(key); }
+  void SimpleData(const QMimeData& files);
+  void RunEnded(int64_t runNumber, const TMessage* request);
+  void ShowFaultLine(const TException& fault);
+  void PrefFontChanged();
+  void PrefChanged();
+
+  TBasicWindow& mWindow;
+  TEngineContext& mContext;
+  TRunWindow& mRunWindow;
+  TBasicViewCalls mCalls;
+  TEditTxtView* mEdit;
+  TFindBar* mFindBar;
+  QLabel* mStatBar;
+  TAutoSaveSlot mSlot;
+  TListDocument mDocument;
+  TListRequests mRequests;
+  QTimer mJournalTimer;
+  QTimer mAutoSaveTimer;
+  QTimer mNextRun;  // a program's wish for another run, soon to be fulfilled
+  TMessage mNextRequest;
+};
+
+}  // namespace zoka
