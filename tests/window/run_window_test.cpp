@@ -317,7 +317,7 @@ TEST_F(TRunWindowTest, AnAlertIsShownAndAnswered) {
 }
 
 TEST_F(TRunWindowTest, AnAlertOfAWindowHoldsItsMessagesBackButNoOthers) {
-  TPlainWindow& main = mApp->MainWindow();
+  TZokaBasicWindow& main = mApp->MainWindow();
   main.Appear();
   ASSERT_TRUE(Until([&] { return main.isActiveWindow(); }));
   bool checked = false;
