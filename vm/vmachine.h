@@ -243,6 +243,10 @@ class TVMachine : public TThread {
   /// The table that the main loop goes by.
   virtual const TVMHandler* HandlerTable() const { return vm_handler_table(); }
   virtual void ExecuteDone();
+  /// Fetches and runs instructions until the end of the code.
+  virtual void RunLoop(const TVMHandler* table);
+  /// Shows the alert of the run-time error that ended the run.
+  virtual void ShowFault(const TException& fault);
   void Interrupt();
 
  private:
@@ -258,7 +262,6 @@ class TVMachine : public TThread {
     void operator()(void* memory) const { std::free(memory); }
   };
 
-  void RunLoop(const TVMHandler* table);
   void RunProgram();
   void JumpToStart();
   void RunLong();
@@ -284,7 +287,6 @@ class TVMachine : public TThread {
   void PrintExit();
   void PrintOk();
   void PrintErrStr();
-  void ShowFault(const TException& fault);
   void RepeatRun();
 
   uint64_t mJumps = 0;
