@@ -9,6 +9,7 @@
 #include "common/file_save.h"
 #include "common/text/ascii.h"
 #include "common/text/number.h"
+#include "debugger/debug_model.h"
 
 namespace zoka {
 namespace {
@@ -25,6 +26,7 @@ void TDocumentHost::AddHistory(const std::string&) {}
 void TDocumentHost::ShowRun() {}
 void TDocumentHost::StateChanged() {}
 void TDocumentHost::CompileEnded(int64_t) {}
+void TDocumentHost::DebuggerReady() {}
 
 TDocumentState next_document_state(TDocumentState state, TDocumentEvent event) {
   using S = TDocumentState;
@@ -205,6 +207,7 @@ TRunOutcome TListDocument::LaunchRun(TCompileResult result, const TMessage& requ
   request.FindBool("NotFore", &notFore);
   if (!notFore) mHost.ShowRun();
   mRunView.ReadyBasic();
+  ConnectDebugger();
   mRunView.RunBasic(request);
   return TRunOutcome::Started;
 }
@@ -231,6 +234,18 @@ TRunOutcome TListDocument::FinishRun(int64_t compilation) {
 }
 
 void TListDocument::RunEnded() { SetState(TDocumentEvent::Ended); }
+
+void TListDocument::ConnectDebugger() {
+  TDebugger* debugger = mRunView.Debugger();
+  if (debugger == nullptr) return;
+  TDebugModel& model = *mRunView.DebugModel();
+  model.SetSrcCode(mFormatted.Text());
+  model.ClearCallStack();
+  model.SetVar(mRunView.MidCode());
+  model.SetVMachine(debugger);
+  model.SetFirstBreakPoint();
+  mHost.DebuggerReady();
+}
 
 TRunOutcome TListDocument::VMachineRunRqtd(const TMessage& request) {
   SetState(TDocumentEvent::Ended);

@@ -62,6 +62,8 @@ class TDocumentHost {
   /// A compilation begun by StartRun has ended: have FinishRun(compilation) called later, on the
   /// document's thread. Called on the compiler's thread.
   virtual void CompileEnded(int64_t compilation);
+  /// A debugged run is about to start, its model is set: the editor's breakpoints are to be put in.
+  virtual void DebuggerReady();
 };
 
 /// Stages of the way into a run.
@@ -126,6 +128,7 @@ class TListDocument {
   void ShowLoadFault(TListFault fault, const std::string& path);
   void NoteReport(const TListText& list);
   void KeepCharset(int32_t charset);
+  void ConnectDebugger();
   bool LoadRequested(TMessage* request);
   bool PrepareRun(TMessage* request);
   TRunOutcome LaunchRun(TCompileResult result, const TMessage& request);

@@ -8,6 +8,8 @@
 #include "app/settings/exit_states.h"
 #include "app/settings/prefs.h"
 #include "common/file_path.h"
+#include "debugger/debug_model.h"
+#include "debugger/debugger.h"
 #include "run/key_feeder.h"
 #include "run/live_inputs.h"
 #include "sound/music_end.h"
@@ -121,6 +123,7 @@ TRunView::~TRunView() {
   CancelCompile();
   FinishCompile();
   QuitBasic();
+  if (mDebugModel != nullptr) mDebugModel->ClearVar();
   ClearTimeDlRunner();
   mRsrc.SetOwner(nullptr);
 }
@@ -132,6 +135,7 @@ TCompileResult TRunView::CompileBasic(const char* text) {
 
 void TRunView::StartCompile(std::string text, std::function<void()> ended) {
   FinishCompile();
+  if (mDebugModel != nullptr) mDebugModel->ClearVar();
   mCancelCompile.store(false);
   mCompileThread = std::make_unique<TCompileThread>(*this, std::move(text), std::move(ended));
   mCompileThread->Resume();
@@ -145,12 +149,13 @@ TCompileResult TRunView::FinishCompile() {
   return static_cast<TCompileResult>(result);
 }
 
-bool TRunView::ReadyBasic() {
-  ++mRunNumber;
-  {
-    TLock lock(mRequestLock);
-    mHasRequest = false;
-  }
+void TRunView::ForgetDebugger() {
+  if (mDebugger != nullptr) mDebugModel->ForgetVMachine(mDebugger);
+  mDebugger = nullptr;
+}
+
+void TRunView::MakeMachine() {
+  ForgetDebugger();
   TMachineParts parts;
   parts.context = &mContext;
   parts.midCode = &mMidCode;
@@ -158,7 +163,22 @@ bool TRunView::ReadyBasic() {
   parts.player = &mPlayer;
   parts.inputs = mInputs.get();
   parts.host = this;
-  mMachine = std::make_unique<TVMachine>("Virtual Machine", parts);
+  if (mDebugModel != nullptr && mContext.exitStates->UDbg.load()) {
+    auto debugger = std::make_unique<TDebugger>("Debugger", parts, mDebugModel, mRunNumber);
+    mDebugger = debugger.get();
+    mMachine = std::move(debugger);
+  } else {
+    mMachine = std::make_unique<TVMachine>("Virtual Machine", parts);
+  }
+}
+
+bool TRunView::ReadyBasic() {
+  ++mRunNumber;
+  {
+    TLock lock(mRequestLock);
+    mHasRequest = false;
+  }
+  MakeMachine();
   mMachine->SetRuntimeCompatiMode(mCompatiMode);
   SetPort(mMachine->Port());
   mPlayTarget = std::make_unique<TPlayTarget>(mMachine->Port());
@@ -185,6 +205,7 @@ bool TRunView::QuitBasic(TVMachine* which) {
   PreventInputBlock();
   if (mKeyFeeder != nullptr) mKeyFeeder->End();
   mMachine->Wait(nullptr);
+  ForgetDebugger();
   mMachine.reset();
   SetPort(nullptr);
   mPlayTarget.reset();
@@ -198,6 +219,7 @@ bool TRunView::KillBasic() {
 }
 
 bool TRunView::ClearBasic() {
+  if (mDebugModel != nullptr) mDebugModel->ClearVar();
   mMidCode.Clear();
   mRsrc.SetScrModifiedAll2();
   mRsrc.UpdateScreen();

@@ -28,6 +28,8 @@
 
 namespace zoka {
 
+class TDebugger;
+class TDebugModel;
 class TKeyFeeder;
 class TLiveInputs;
 
@@ -72,6 +74,13 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   void DrainMusic(bigtime_t tail);
   /// Asks the machine to end at once, as by force; does not wait. Any thread.
   void ForceStop();
+
+  /// Where debugged runs report to; null for none. Set between runs; not owned, outlives the view.
+  /// With the option UDbg the machines of the runs to come are debuggers.
+  void SetDebugModel(TDebugModel* model) { mDebugModel = model; }
+  TDebugModel* DebugModel() { return mDebugModel; }
+  /// The machine of the present run if it is a debugger, else null.
+  TDebugger* Debugger() { return mDebugger; }
 
   TVMachine* VMachine() { return mMachine.get(); }
   TMidCode* MidCode() { return &mMidCode; }
@@ -149,6 +158,8 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   class TDrainThread;
   class TPlayTarget;
 
+  void MakeMachine();
+  void ForgetDebugger();
   std::shared_ptr<TInterruptPort> Port() const;
   void SetPort(std::shared_ptr<TInterruptPort> port);
   void RaiseInterrupt(uint32_t mask);
@@ -176,6 +187,8 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   TTimerId mBlinkTimer = 0;
   std::unique_ptr<TCompileThread> mCompileThread;
   std::unique_ptr<TVMachine> mMachine;
+  TDebugger* mDebugger = nullptr;  // mMachine, if it is one
+  TDebugModel* mDebugModel = nullptr;
   std::unique_ptr<TPlayTarget> mPlayTarget;
   mutable TMutex mPortLock{TLockRank::Leaf};
   std::shared_ptr<TInterruptPort> mPort;  // the machine's, for events; under mPortLock
