@@ -223,6 +223,7 @@ bool TDebugModel::ClickSrcLine(size_t index, int32_t x) {
     if (index >= mSrcCode.Count()) return false;
     TSrcCodeItem& item = mSrcCode.Item(index);
     item.breakPoint = !item.breakPoint;
+    item.rule = {};
     mChanges.marks = true;
     if (fDebugger != nullptr && item.breakPoint) fDebugger->AddBreakPoint(item.line);
     if (fDebugger != nullptr && !item.breakPoint) fDebugger->RemoveBreakPoint(item.line);
@@ -235,6 +236,7 @@ void TDebugModel::SetBreakRule(size_t index, const TBreakRule& rule) {
     if (index >= mSrcCode.Count()) return false;
     TSrcCodeItem& item = mSrcCode.Item(index);
     item.breakPoint = mChanges.marks = true;
+    item.rule = rule;
     if (fDebugger != nullptr) fDebugger->BreakPoints().SetRule(item.line, rule);
     return true;
   });

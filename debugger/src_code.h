@@ -9,6 +9,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "debugger/break_points.h"
+
 namespace zoka {
 
 struct TSrcCodeItem {
@@ -17,6 +19,7 @@ struct TSrcCodeItem {
   int32_t line = 0;
   bool breaking = false;    // the program stands here
   bool breakPoint = false;  // has a mark
+  TBreakRule rule;          // of the mark, if it has one
 };
 
 class TSrcCode {

@@ -91,6 +91,17 @@ TEST(DebugModel, MarksWithoutADebuggerAreForDisplayOnly) {
   EXPECT_FALSE(rig.model.SrcLine(1).breakPoint);
 }
 
+TEST(DebugModel, AMarkKeepsItsRuleUntilItIsToggled) {
+  TDebugRig rig("10 A=1\n");
+  const TBreakRule rule{"A=1", 3};
+  rig.model.SetBreakRule(0, rule);
+  EXPECT_TRUE(rig.model.SrcLine(0).breakPoint);
+  EXPECT_EQ(rig.model.SrcLine(0).rule, rule);
+  rig.model.ToggleBreakPoint(0);
+  EXPECT_FALSE(rig.model.SrcLine(0).breakPoint);
+  EXPECT_EQ(rig.model.SrcLine(0).rule, TBreakRule());
+}
+
 TEST(DebugModel, TheStopIsMarkedAndScrolledTo) {
   TDebugRig rig("10 A=1\n20 B=1\n30 END\n");
   rig.BreakAt(20);

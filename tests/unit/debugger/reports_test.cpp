@@ -56,7 +56,7 @@ TEST(DebugReports, OfARuntimeErrorNameItsLineAndTheEnd) {
   EXPECT_EQ(rig.RunToEnd(), 1);
   EXPECT_EQ(rig.model.Log(), (TLines{"clnc 10", "uvir A! 0", "clnc 20", "sslr 20", "dbed"}));
   ASSERT_EQ(rig.alertLog.alerts.size(), 1u);
-  EXPECT_EQ(rig.alertLog.alerts[0].buttons, TLines{"Understand"});
+  EXPECT_EQ(rig.alertLog.alerts[0].buttons, TLines{"Understand(U)"});
   EXPECT_EQ(rig.changes.scrollTo, 1u);
   EXPECT_EQ(rig.model.CallStackText(0), "[Done]");
 }
