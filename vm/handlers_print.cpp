@@ -31,7 +31,7 @@ bool item_follows(const TVMachine& m) {
   constexpr int32_t FARTHEST = 8;
   const std::vector<TVMCode>& codes = m.mMidCode->mCodes;
   const auto last = std::min(m.PCIndex() + FARTHEST, static_cast<int32_t>(codes.size()) - 1);
-  for (int32_t i = m.PCIndex() + 1; i <= last; ++i) {
+  for (int32_t i = m.PCIndex() + 1; i <= last && !m.mMidCode->IsStatementBegin(i); ++i) {
     switch (codes[static_cast<size_t>(i)].Cmd()) {
       case TVMCodeCmd::BPushInt:
       case TVMCodeCmd::BPushFloat:

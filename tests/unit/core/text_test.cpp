@@ -104,12 +104,24 @@ TEST(Text, LiteralsAreImmortal) {
   TTextBlock::FreeLiteral(TTextBlock::Empty());
 }
 
+TEST(Text, OneAsciiCharacterIsShared) {
+  const TScopedBudget budget(1000);
+  const TText a("A");
+  EXPECT_EQ(a.View(), "A");
+  EXPECT_EQ(a.Block(), TText("A").Block());
+  EXPECT_EQ(TText::Concatenate(a, "B").View(), "AB");
+  EXPECT_EQ(a.View(), "A");
+  EXPECT_EQ(TText("\x7F").View(), "\x7F");
+  EXPECT_EQ(TText("\x80").View(), "\x80") << "no character, a text as any other";
+  EXPECT_EQ(budget.Used(), 0) << "nothing is allocated";
+}
+
 TEST(Text, DetachGivesTheCountAway) {
-  TText a("A");
+  TText a("AB");
   TTextBlock* block = a.Detach();
   EXPECT_EQ(a.View(), "");
-  const TText b(block, 1);
-  EXPECT_EQ(b.View(), "A");
+  const TText b(block, 2);
+  EXPECT_EQ(b.View(), "AB");
   EXPECT_EQ(TText().Detach(), TTextBlock::Empty());
 }
 
@@ -144,9 +156,9 @@ TEST(Text, MayOutliveItsBudget) {
   TText text;
   {
     const TScopedBudget budget(1000);
-    text = TText("A");
+    text = TText("AB");
   }
-  EXPECT_EQ(text.View(), "A");
+  EXPECT_EQ(text.View(), "AB");
 }
 
 }  // namespace
