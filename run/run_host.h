@@ -13,7 +13,7 @@
 
 namespace zoka {
 
-struct TFrameBuffer;
+class TFrameBuffer;
 
 /// Key codes of the simulated keyboard's matrix.
 constexpr size_t KEY_MATRIX_SIZE = 128;

@@ -158,6 +158,7 @@ bool TRunView::ReadyBasic() {
   parts.player = &mPlayer;
   parts.inputs = mInputs.get();
   parts.host = this;
+  parts.memoryLimit = mMemoryLimit;
   mMachine = std::make_unique<TVMachine>("Virtual Machine", parts);
   mMachine->SetRuntimeCompatiMode(mCompatiMode);
   SetPort(mMachine->Port());
