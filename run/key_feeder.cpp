@@ -245,7 +245,7 @@ bool TKeyFeeder::TakeNext(TFeedItem* item) {
   int32_t room = KEY_BUF_SIZE - mView.Rsrc().KeyBufCount();
   int32_t wanted = 0;
   if (next.kind == TFeedItem::TKind::Key) wanted = 1;
-  if (next.kind == TFeedItem::TKind::FunctionKey) {
+  if (next.kind == TFeedItem::TKind::FunctionKey && next.number <= FUNC_KEY_COUNT) {
     wanted = static_cast<int32_t>(mView.Rsrc().FuncKeyStr(next.number - 1).size());
   }
   if (room < wanted && room < KEY_BUF_SIZE) return false;

@@ -165,7 +165,7 @@ void TRunView::MakeMachine() {
   parts.player = &mPlayer;
   parts.inputs = mInputs.get();
   parts.host = this;
-  parts.memoryLimit = mContext.memoryLimit;
+  parts.memoryLimit = mMemoryLimit;
   if (mDebugModel != nullptr && mContext.exitStates->UDbg.load()) {
     auto debugger = std::make_unique<TDebugger>("Debugger", parts, mDebugModel, mRunNumber);
     mDebugger = debugger.get();

@@ -56,6 +56,9 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   void CancelCompile() { mCancelCompile.store(true); }
   /// The fault of the last failed compilation.
   const TException& CompileFault() const { return mCompileFault; }
+  /// Bytes of strings, arrays and stacks that each run from now on may hold; 0, as at first: half
+  /// of what the host has.
+  void SetMemoryLimit(int64_t bytes) { mMemoryLimit = bytes; }
   /// Makes the machine of the next run. Its requests (RUN, CHAIN) go to the host with RunEnded.
   bool ReadyBasic();
   /// Starts it: int32 "LineNum" or string "Label" of `start` says where.
@@ -199,6 +202,7 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   std::atomic<int32_t> mCompatiMode{2};  // the compiler stores it
   std::atomic<TTimerId> mOnTimeTimer{0};
   int64_t mRunNumber = 0;
+  int64_t mMemoryLimit = 0;
 
   mutable TMutex mRequestLock{TLockRank::Leaf};
   bool mHasRequest = false;  // under mRequestLock

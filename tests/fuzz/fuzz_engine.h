@@ -81,8 +81,8 @@ class TFuzzEngine {
     mContext.prefs = &mPrefs;
     mContext.exitStates = &mExitStates;
     mContext.alertHost = &mAlerts;
-    mContext.memoryLimit = FUZZ_MEMORY;
     mView = std::make_unique<TRunView>(mContext, mHost);
+    mView->SetMemoryLimit(FUZZ_MEMORY);
     mDocument = std::make_unique<TListDocument>(mContext, *mView, mText, mDocumentHost);
     mFeeder = std::make_unique<TKeyFeeder>(*mClock, *mView);
     mView->SetKeyFeeder(mFeeder.get());
