@@ -78,8 +78,8 @@ def put_planar_16(m):
 
 def put_planar_2d(m):
     m.screen(3)
-    first = [[int(a) + 2 * int(b) + 4 * int(c) for a, b, c in zip("11110000", "11001100", "10101010")],
-             [1] * 8]
+    planes = zip("11110000", "11001100", "10101010")
+    first = [[int(a) + 2 * int(b) + 4 * int(c) for a, b, c in planes], [1] * 8]
     m.put(50, 50, first, PSET)
     m.put(70, 50, [[1 + 2 + 4, 2, 1, 4]], PSET)
 

@@ -1,4 +1,4 @@
-"""Points, lines, boxes and screen modes. Each function is the picture of the program of its name."""
+"""Points, lines, boxes, screen modes. Each function is the picture of the program of its name."""
 
 
 def screen0_lines(m):
