@@ -1,7 +1,10 @@
 // Saving and loading records.
 #include "app/settings/archivable.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
+
+#include <cstdio>
 
 #include "common/file_save.h"
 
@@ -44,7 +47,27 @@ int32_t TKORUNEArchivable::LoadByName(const char* folder, const char* file) {
     if (!mPlace->readOnly) unlink(path.c_str());
     return -1;
   }
-  return Load(path);
+  const int32_t status = Load(path);
+  if (status != 0) set_aside_if_damaged(*mPlace, path);
+  return status;
+}
+
+bool TKORUNEArchivable::HasFileByName(const char* folder, const char* file) const {
+  std::string path;
+  return mPlace && get_settings_entry(*mPlace, folder, file, false, &path) == 0 &&
+         access(path.c_str(), F_OK) == 0;
+}
+
+void set_aside_if_damaged(const TSettingsPlace& place, const std::string& path) {
+  struct stat info {};
+  if (place.readOnly || stat(path.c_str(), &info) != 0) return;
+  if (!S_ISREG(info.st_mode) || info.st_size == 0) return;
+  std::string bytes;
+  TMessage message;
+  const bool tooLarge = static_cast<uint64_t>(info.st_size) > MAX_SETTINGS_BYTES;
+  if (!tooLarge && (!read_file_whole(path, MAX_SETTINGS_BYTES, &bytes) || message.Unflatten(bytes)))
+    return;
+  if (rename(path.c_str(), (path + SET_ASIDE_EXT).c_str()) == 0) ++*place.damaged;
 }
 
 }  // namespace zoka

@@ -37,16 +37,25 @@ class TArchivable {
   TMessage mUnknown;  // the fields of the loaded file that the record does not know
 };
 
+/// A settings file that cannot be read as a record is set aside under its name with this behind it,
+/// so that nothing overwrites what it may still hold.
+constexpr const char SET_ASIDE_EXT[] = ".damaged";
+
+/// Sets the file aside if it is no message, and counts it among the damaged ones of the place. An
+/// empty file is as good as none and stays. Nothing happens in a place that is read only.
+void set_aside_if_damaged(const TSettingsPlace& place, const std::string& path);
+
 /// A record with a place. Copying takes over the values; each object keeps its own place.
 class TKORUNEArchivable : public TArchivable {
  public:
   /// Without a place nothing is read or written, and both operations return -1.
   explicit TKORUNEArchivable(const TSettingsPlace* place) : mPlace(place) {}
 
-  /// Saves and loads the file of that name. With the four reset keys held, nothing is saved, and
-  /// loading removes the file; both then return -1.
+  /// Saves and loads the file of that name; one that is damaged is set aside. With the four reset
+  /// keys held, nothing is saved, and loading removes the file; both then return -1.
   int32_t SaveByName(const char* folder, const char* file) const;
   int32_t LoadByName(const char* folder, const char* file);
+  bool HasFileByName(const char* folder, const char* file) const;
 
  protected:
   TKORUNEArchivable(const TKORUNEArchivable&) = default;

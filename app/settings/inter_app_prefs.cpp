@@ -1,85 +1,43 @@
 // The shared preferences, their items and their files.
 #include "app/settings/inter_app_prefs.h"
 
+#include <unistd.h>
+
 #include "app/settings/archivable.h"
 #include "common/file_save.h"
-#include "common/label.h"
 
 namespace zoka {
 
 namespace {
 
-constexpr const char VALUE_KEY[] = "Value";
-constexpr const char SOURCE_APP_KEY[] = "IAP:SrcApp";
-constexpr const char SOURCE_ITEM_KEY[] = "IAP:SrcIAPItem";
 constexpr const char ITEM_FILE_EXT[] = ".arc";
 
-bool is_acc_key_format(std::string_view format) {
-  return format.empty() || format[0] == ACC_KEY_IN_FRONT || format[0] == ACC_KEY_BEHIND;
-}
-
 }  // namespace
-
-void add_default_info(TMessage* message, const std::string& item) {
-  message->ReplaceString(SOURCE_APP_KEY, APP_SIGNATURE);
-  message->ReplaceString(SOURCE_ITEM_KEY, item);
-}
-
-bool TIAPItemAccKeyFormat::GetString(std::string* value) const {
-  *value = mFormat;
-  return true;
-}
-
-bool TIAPItemAccKeyFormat::SetString(std::string_view value) {
-  if (!is_acc_key_format(value)) return false;
-  mFormat = value;
-  return true;
-}
-
-bool TIAPItemAccKeyFormat::SetValue(const TMessage& message) {
-  std::string format;
-  return message.FindString(VALUE_KEY, &format) && SetString(format);
-}
-
-void TIAPItemAccKeyFormat::GetValue(TMessage* message) const {
-  message->ReplaceString(VALUE_KEY, mFormat);
-}
-
-bool TIAPItemFlatToolBar::GetBool(bool* value) const {
-  *value = mFlat;
-  return true;
-}
-
-bool TIAPItemFlatToolBar::SetBool(bool value) {
-  mFlat = value;
-  return true;
-}
-
-bool TIAPItemFlatToolBar::SetValue(const TMessage& message) {
-  return message.FindBool(VALUE_KEY, &mFlat);
-}
-
-void TIAPItemFlatToolBar::GetValue(TMessage* message) const {
-  message->RemoveName(VALUE_KEY);
-  message->AddBool(VALUE_KEY, mFlat);
-}
 
 TInterAppPrefs::TInterAppPrefs(const TSettingsPlace* place) : mPlace(place) {
   AddItem(std::make_unique<TIAPItemAccKeyFormat>());
   AddItem(std::make_unique<TIAPItemFlatToolBar>());
+  AddItem(make_language_item());
+  AddItem(make_theme_item());
 }
 
 void TInterAppPrefs::AddItem(std::unique_ptr<TIAPItem> item) {
-  std::string path;
-  std::string bytes;
   TMessage message;
-  if (mPlace &&
-      get_settings_entry(*mPlace, SHARED_FOLDER, item->Name() + ITEM_FILE_EXT, false, &path) == 0 &&
-      read_file_whole(path, MAX_SETTINGS_BYTES, &bytes) && message.Unflatten(bytes)) {
-    item->SetValue(message);
-  }
+  if (LoadItem(item->Name(), &message)) item->SetValue(message);
   TLock lock(mMutex);
   mItems.push_back(std::move(item));
+}
+
+bool TInterAppPrefs::LoadItem(const std::string& name, TMessage* message) const {
+  std::string path;
+  std::string bytes;
+  if (!mPlace ||
+      get_settings_entry(*mPlace, SHARED_FOLDER, name + ITEM_FILE_EXT, false, &path) != 0) {
+    return false;
+  }
+  if (read_file_whole(path, MAX_SETTINGS_BYTES, &bytes) && message->Unflatten(bytes)) return true;
+  set_aside_if_damaged(*mPlace, path);
+  return false;
 }
 
 TIAPItem* TInterAppPrefs::Find(std::string_view name) const {
@@ -116,36 +74,73 @@ bool TInterAppPrefs::GetBool(std::string_view item, bool* value) const {
   return found && found->GetBool(value);
 }
 
-bool TInterAppPrefs::SetString(std::string_view item, std::string_view value) {
+bool TInterAppPrefs::Change(std::string_view name, const std::function<bool(TIAPItem&)>& change) {
+  TMessage before;
+  TMessage after;
   {
     TLock lock(mMutex);
-    TIAPItem* found = Find(item);
-    if (!found || !found->SetString(value)) return false;
+    TIAPItem* found = Find(name);
+    if (!found) return false;
+    found->GetValue(&before);
+    if (!change(*found)) return false;
+    found->GetValue(&after);
   }
-  SaveItem(item);
+  std::string path;
+  const std::string file = std::string(name) + ITEM_FILE_EXT;
+  // What is the same and stored already need not be written again, however often it is said.
+  const bool stored = mPlace &&
+                      get_settings_entry(*mPlace, SHARED_FOLDER, file, false, &path) == 0 &&
+                      access(path.c_str(), F_OK) == 0;
+  if (!stored || !same_iap_value(before, after)) SaveItem(name);
   return true;
+}
+
+bool TInterAppPrefs::SetString(std::string_view item, std::string_view value) {
+  return Change(item, [value](TIAPItem& found) { return found.SetString(value); });
 }
 
 bool TInterAppPrefs::SetBool(std::string_view item, bool value) {
-  {
-    TLock lock(mMutex);
-    TIAPItem* found = Find(item);
-    if (!found || !found->SetBool(value)) return false;
-  }
-  SaveItem(item);
-  return true;
+  return Change(item, [value](TIAPItem& found) { return found.SetBool(value); });
 }
 
 bool TInterAppPrefs::SetValue(const TMessage& message) {
-  std::string item;
-  if (!message.FindString(SOURCE_ITEM_KEY, &item)) return false;
-  {
-    TLock lock(mMutex);
-    TIAPItem* found = Find(item);
-    if (!found || !found->SetValue(message)) return false;
-  }
-  SaveItem(item);
+  return Change(source_item(message),
+                [&message](TIAPItem& found) { return found.SetValue(message); });
+}
+
+std::vector<std::string> TInterAppPrefs::ItemNames() const {
+  TLock lock(mMutex);
+  std::vector<std::string> names;
+  for (const auto& item : mItems) names.push_back(item->Name());
+  return names;
+}
+
+bool TInterAppPrefs::Describe(std::string_view item, TIAPConfiguration* configuration,
+                              TMessage* value, TMessage* standard) const {
+  TLock lock(mMutex);
+  const TIAPItem* found = Find(item);
+  if (!found) return false;
+  *configuration = found->Configuration();
+  found->GetValue(value);
+  found->GetDefault(standard);
   return true;
+}
+
+std::vector<std::string> TInterAppPrefs::Reload() {
+  std::vector<std::string> changed;
+  for (const std::string& name : ItemNames()) {
+    TMessage stored;
+    if (!LoadItem(name, &stored)) continue;
+    TLock lock(mMutex);
+    TMessage before;
+    TMessage after;
+    TIAPItem* found = Find(name);
+    found->GetValue(&before);
+    if (!found->SetValue(stored)) continue;
+    found->GetValue(&after);
+    if (!same_iap_value(before, after)) changed.push_back(name);
+  }
+  return changed;
 }
 
 std::string TInterAppPrefs::AccKeyFormat() const {

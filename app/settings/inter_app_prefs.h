@@ -4,11 +4,13 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "app/settings/iap_item.h"
 #include "app/settings/settings_place.h"
 #include "common/handler.h"
 #include "common/message.h"
@@ -16,67 +18,10 @@
 
 namespace zoka {
 
-/// Names of the items.
-constexpr const char ACC_KEY_FORMAT_ITEM[] = "AccKeyFormat2";
-constexpr const char FLAT_TOOL_BAR_ITEM[] = "FlatToolBar";
-
-/// The accelerator format where none is stored: behind the label, in parentheses.
-constexpr std::string_view DEFAULT_ACC_KEY_FORMAT = "\x02(a)";
-
-/// Tells this application from the others of the family.
-constexpr const char APP_SIGNATURE[] = "application/x-vnd.KORUNE-ZokaBASIC";
-
-/// One shared preference. Not locked: its owner does that.
-class TIAPItem {
- public:
-  explicit TIAPItem(const char* name) : mName(name) {}
-  virtual ~TIAPItem() = default;
-
-  const std::string& Name() const { return mName; }
-  /// Each returns false, and changes nothing, if the item's value is of another type or is none
-  /// that the item can have.
-  virtual bool GetString(std::string*) const { return false; }
-  virtual bool SetString(std::string_view) { return false; }
-  virtual bool GetBool(bool*) const { return false; }
-  virtual bool SetBool(bool) { return false; }
-  /// Takes the value that a message carries, and puts it into one.
-  virtual bool SetValue(const TMessage& message) = 0;
-  virtual void GetValue(TMessage* message) const = 0;
-
- private:
-  std::string mName;
-};
-
-/// How a label shows its key: see merge_accelerator_key. The empty format shows none.
-class TIAPItemAccKeyFormat : public TIAPItem {
- public:
-  TIAPItemAccKeyFormat() : TIAPItem(ACC_KEY_FORMAT_ITEM) {}
-  bool GetString(std::string* value) const override;
-  bool SetString(std::string_view value) override;
-  bool SetValue(const TMessage& message) override;
-  void GetValue(TMessage* message) const override;
-
- private:
-  std::string mFormat{DEFAULT_ACC_KEY_FORMAT};
-};
-
-/// Whether tool bars are flat.
-class TIAPItemFlatToolBar : public TIAPItem {
- public:
-  TIAPItemFlatToolBar() : TIAPItem(FLAT_TOOL_BAR_ITEM) {}
-  bool GetBool(bool* value) const override;
-  bool SetBool(bool value) override;
-  bool SetValue(const TMessage& message) override;
-  void GetValue(TMessage* message) const override;
-
- private:
-  bool mFlat = true;
-};
-
 /// The items with their files. Any thread.
 class TInterAppPrefs {
  public:
-  /// With the two items of this system, as their files have them. Without a place they have their
+  /// With the items of this system, as their files have them. Without a place they have their
   /// defaults and are not stored.
   explicit TInterAppPrefs(const TSettingsPlace* place = nullptr);
   TInterAppPrefs(const TInterAppPrefs&) = delete;
@@ -94,6 +39,15 @@ class TInterAppPrefs {
   /// The item that the message names under "IAP:SrcIAPItem" takes the message's value.
   bool SetValue(const TMessage& message);
 
+  /// The names of the items in their order.
+  std::vector<std::string> ItemNames() const;
+  /// The control of an item, and its value and its default as messages; false if there is none.
+  bool Describe(std::string_view item, TIAPConfiguration* configuration, TMessage* value,
+                TMessage* standard) const;
+  /// Takes over what other applications have written into the files; the names of the items that
+  /// have changed by it.
+  std::vector<std::string> Reload();
+
   /// The accelerator format for merge_accelerator_key.
   std::string AccKeyFormat() const;
 
@@ -108,15 +62,14 @@ class TInterAppPrefs {
   };
 
   TIAPItem* Find(std::string_view name) const;
+  bool LoadItem(const std::string& name, TMessage* message) const;
   void SaveItem(std::string_view name) const;
+  bool Change(std::string_view name, const std::function<bool(TIAPItem&)>& change);
 
   const TSettingsPlace* mPlace;
   mutable TMutex mMutex{TLockRank::Leaf};
   std::vector<std::unique_ptr<TIAPItem>> mItems;
   std::vector<TObserver> mObservers;
 };
-
-/// Puts the application and the item into a message, as all messages of the items have them.
-void add_default_info(TMessage* message, const std::string& item);
 
 }  // namespace zoka

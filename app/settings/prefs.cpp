@@ -98,11 +98,16 @@ bool TPrefs::KnowsField(std::string_view name) const {
 }
 
 int32_t TPrefs::SaveToFile() const {
+  ++mSaveCount;
   return SaveByName(SETTINGS_FOLDER, PREFS_FILE);
 }
 
 int32_t TPrefs::LoadFromFile() {
   return LoadByName(SETTINGS_FOLDER, PREFS_FILE);
+}
+
+bool TPrefs::HasFile() const {
+  return HasFileByName(SETTINGS_FOLDER, PREFS_FILE);
 }
 
 }  // namespace zoka

@@ -89,9 +89,23 @@ class TPrefs : public TKORUNEArchivable {
   /// Each returns 0 or -1.
   int32_t SaveToFile() const;
   int32_t LoadFromFile();
+  /// How often SaveToFile was called: who holds values that may yet be taken back sees by it
+  /// whether they have gone into the file.
+  uint32_t SaveCount() const {
+    return mSaveCount.load();
+  }
+  /// False before the first save, and after the file was removed or set aside.
+  bool HasFile() const;
+
+  /// All fields as in a new record; what the file holds for other versions stays.
+  void SetDefaults() {
+    CopyFields(TPrefs());
+  }
 
  private:
   void CopyFields(const TPrefs& other);
+
+  mutable std::atomic<uint32_t> mSaveCount{0};
 };
 
 }  // namespace zoka

@@ -1,8 +1,10 @@
 // Where the settings files lie: the user's folder, one given on the command line, or nowhere.
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 
 namespace zoka {
@@ -26,6 +28,8 @@ struct TSettingsPlace {
   std::string root;
   /// Nothing is ever written, created or removed.
   bool readOnly = false;
+  /// How many files were set aside because they could not be read; shared by all copies.
+  std::shared_ptr<std::atomic<int32_t>> damaged = std::make_shared<std::atomic<int32_t>>(0);
   /// The modifier keys held now; none where it is not set.
   std::function<uint32_t()> modifiers;
 
