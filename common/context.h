@@ -41,8 +41,6 @@ struct TEngineContext {
   TInterAppPrefs* interAppPrefs = nullptr;
   /// May be null: alerts are then answered by nobody.
   TAlertHost* alertHost = nullptr;
-  /// Bytes of strings, arrays and stacks that a run may hold; 0: half of what the host has.
-  int64_t memoryLimit = 0;
   TZokaAppPrivacy privacy;
   /// Number of the next internal label "@L<n>"; never reset, so that no name is used twice.
   std::atomic<int32_t> labelCounter{0};
