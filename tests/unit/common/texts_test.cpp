@@ -147,7 +147,7 @@ TEST(MutexDeathTest, RanksAscend) {
   TLock again(screen);  // all were given back
   EXPECT_DEATH({ TLock wrong(window); }, "lock of rank 0 taken while ranks 0x2 are held");
   TLock inner(leaf);
-  EXPECT_DEATH({ TLock wrong(otherLeaf); }, "lock of rank 3 taken while ranks 0xa are held");
+  EXPECT_DEATH({ TLock wrong(otherLeaf); }, "lock of rank 4 taken while ranks 0x12 are held");
 }
 #endif
 

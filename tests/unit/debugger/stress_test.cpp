@@ -102,8 +102,9 @@ TEST(DebugStress, ClicksAtRandom) {
     painting.store(false);
     painter.join();
     EXPECT_FALSE(rig.model.HasDebugger());
-    EXPECT_EQ(rig.model.CallStackText(rig.model.CallStackCount() - 1),
-              run % 3 == 0 ? "[Killed]" : "[Done]");
+    // The break key may have ended the program before it could be killed.
+    const std::string last = rig.model.CallStackText(rig.model.CallStackCount() - 1);
+    EXPECT_TRUE(last == "[Done]" || (run % 3 == 0 && last == "[Killed]")) << last;
     rig.model.ClearVar();
   }
 }

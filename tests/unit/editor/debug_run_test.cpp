@@ -157,7 +157,7 @@ TEST(DebugRun, ACompileErrorBehindARunLeavesNothingDangling) {
   desk.prefs.BrkS.store(true);
   desk.Run("10 A=1\n");
   desk.AwaitStop();
-  EXPECT_EQ(desk.Run("10 A=(\n"), TRunOutcome::CompileFailed);
+  EXPECT_EQ(desk.Run("10 NEXT\n"), TRunOutcome::CompileFailed);
   EXPECT_FALSE(desk.model.HasDebugger());
   EXPECT_FALSE(desk.model.Stop());
   EXPECT_FALSE(desk.model.Run());

@@ -26,7 +26,7 @@ TFeedItem key(const std::string& bytes) {
   return item;
 }
 
-TEST(KeyFeeder, FunctionKeysWithoutATextTypeNothing) {
+TEST(FunctionKeys, FunctionKeysWithoutATextTypeNothing) {
   const std::unique_ptr<TClock> clock = make_simulated_clock();
   TCatalogue catalogue(TLanguage::Keys);
   TPrefs prefs;
