@@ -15,6 +15,7 @@ namespace zoka {
 /// Made after the QApplication, before all windows; gone after them. Loads the settings.
 class TAppEngine {
  public:
+  /// `language` is the system's.
   explicit TAppEngine(TSettingsPlace place, TLanguage language);
   TAppEngine(const TAppEngine&) = delete;
   TAppEngine& operator=(const TAppEngine&) = delete;
@@ -23,9 +24,18 @@ class TAppEngine {
   THandlerRegistry& Registry() { return mRegistry; }
   const TSettingsPlace& Place() const { return mPlace; }
   TAlertDialogs& Alerts() { return mAlerts; }
+  /// True if the user had no preferences when the application started.
+  bool IsFirstStart() const { return mFirstStart; }
+
+  /// What the texts follow as long as the user has not chosen a language.
+  void SetSystemLanguage(TLanguage language) { mSystemLanguage = language; }
+  /// The language of the common preferences becomes that of the texts yet to come.
+  void ApplyLanguage();
 
  private:
   TSettingsPlace mPlace;
+  TLanguage mSystemLanguage;
+  bool mFirstStart = false;
   std::unique_ptr<TClock> mClock;
   TCatalogue mCatalogue;
   TPrefs mPrefs;

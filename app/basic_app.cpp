@@ -18,8 +18,8 @@ TBasicApp::TBasicApp(TAppEngine& engine)
       mQueue([this](const TMessage& message) { MessageReceived(message); }),
       mWindowContext{engine.Context(), engine.Registry(), engine.Registry().Register(this)},
       mRunWindow(std::make_unique<TRunWindow>(mWindowContext, &engine.Place())),
-      mSound(std::make_unique<TPlayOutputs>(
-          *engine.Context().clock, mRunWindow->RunView()->Producer(), TPlayOutputOptions{})),
+      mPreferences(std::make_unique<TAppPreferences>(engine, mWindowContext,
+                                                     mRunWindow->RunView()->Producer())),
       mMainWindow(std::make_unique<TZokaBasicWindow>(mWindowContext, *mRunWindow, engine.Place())) {
   QApplication::setQuitOnLastWindowClosed(false);
   qApp->installEventFilter(this);
@@ -33,6 +33,9 @@ TBasicApp::~TBasicApp() {
 
 void TBasicApp::ReadyToRun(const std::string& path) {
   mMainWindow->Appear();
+  mPreferences->SetMainWindow(mMainWindow.get(), [this](const std::string& text) {
+    mMainWindow->View().SetStatBarStr(text);
+  });
   mMainWindow->View().CheckAndLoadAutoSave();
   if (!path.empty()) mMainWindow->OpenFile(path);
 }
@@ -80,6 +83,8 @@ void TBasicApp::MItemAboutClicked() {
 }
 
 void TBasicApp::MessageReceived(const TMessage& message) {
+  // What still comes while the windows go concerns nobody.
+  if (!mMainWindow || mPreferences->MessageReceived(message)) return;
   switch (message.what) {
     case message_code("smwn"):
       return mMainWindow->Appear();
@@ -126,13 +131,12 @@ void TBasicApp::Broadcast(const TMessage& message) {
 }
 
 void TBasicApp::SetLanguage(TLanguage language) {
-  mEngine.Context().catalogue->SetLanguage(language);
-  PostMessage(TMessage(LANGUAGE_CHANGED_CODE));
+  mPreferences->SetLanguage(language);
 }
 
 bool TBasicApp::eventFilter(QObject* object, QEvent* event) {
-  if (object == qApp && event->type() == QEvent::LocaleChange) {
-    SetLanguage(TCatalogue::FromEnvironment());
+  if (object == qApp && event->type() == QEvent::LocaleChange && mPreferences) {
+    mPreferences->LocaleChanged();
   }
   return QObject::eventFilter(object, event);
 }
@@ -147,6 +151,7 @@ bool TBasicApp::QuitRequested() {
 void TBasicApp::Quit() {
   if (!mMainWindow) return;
   mEngine.Context().privacy.quitting.store(true);
+  mPreferences->CloseWindows();
   mRunWindow->RunView()->CancelCompile();
   mRunWindow->RunView()->QuitBasic();
   mRunWindow->hide();
@@ -155,7 +160,7 @@ void TBasicApp::Quit() {
   mMainWindow->Quit();
   // The main window's document uses the run window's view.
   mMainWindow.reset();
-  mSound.reset();
+  mPreferences.reset();
   mRunWindow.reset();
   mEngine.Context().exitStates->SaveToFile();
 }

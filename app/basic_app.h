@@ -6,12 +6,12 @@
 #include <string>
 
 #include "app/app_engine.h"
+#include "app/app_preferences.h"
 #include "app/zoka_basic_window.h"
 #include "common/window/dialog_window.h"
 #include "common/window/message_queue.h"
 #include "editor/window/renum_window.h"
 #include "run/window/run_window.h"
-#include "sound/play_outputs.h"
 
 namespace zoka {
 
@@ -27,9 +27,10 @@ class TBasicApp final : public THandler, private QObject {
   void ReadyToRun(const std::string& path);
   /// Asks the main window; ends the application unless the user wants to stay.
   bool QuitRequested();
-  /// All texts follow at once.
+  /// The user's choice from now on; all texts follow at once.
   void SetLanguage(TLanguage language);
 
+  TAppPreferences& Preferences() { return *mPreferences; }
   TRunWindow& RunWindow() { return *mRunWindow; }
   TZokaBasicWindow& MainWindow() { return *mMainWindow; }
   TSimpleInputWindow& GoToLineWindow() { return *mGoToLine; }
@@ -50,7 +51,7 @@ class TBasicApp final : public THandler, private QObject {
   TMessageQueue mQueue;
   TWindowContext mWindowContext;
   std::unique_ptr<TRunWindow> mRunWindow;
-  std::unique_ptr<TPlayOutputs> mSound;  // of the run window's player
+  std::unique_ptr<TAppPreferences> mPreferences;
   std::unique_ptr<TZokaBasicWindow> mMainWindow;
   // Of the main window, which deletes them.
   TSimpleInputWindow* mGoToLine = nullptr;

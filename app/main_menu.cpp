@@ -17,7 +17,7 @@ enum class TMenuTarget : uint8_t { Window, App };
 constexpr int32_t DIGITS = 10;
 constexpr const char SEPARATOR[] = "";
 /// What is not there yet cannot be chosen; and the authors' page has no address.
-constexpr const char* ABSENT[] = {"sdwn", "_prf", "_Ssp", "rmim", "_jaw"};
+constexpr const char* ABSENT[] = {"sdwn", "rmim", "_jaw"};
 
 }  // namespace
 

@@ -219,7 +219,7 @@ void TRunWindow::Quit() {
 void TRunWindow::LoadMRUF() {
   std::string path;
   if (mPlace && get_settings_entry(*mPlace, SETTINGS_FOLDER, MRUF_FILE, false, &path) == 0) {
-    mMrufDrv.Load(path);
+    if (mMrufDrv.Load(path) != 0) set_aside_if_damaged(*mPlace, path);
   }
 }
 

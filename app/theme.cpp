@@ -1,0 +1,62 @@
+// Palettes of the themes.
+#include "app/theme.h"
+
+#include <QApplication>
+#include <QToolTip>
+
+#include "app/settings/iap_item.h"
+
+namespace zoka {
+namespace {
+
+struct TThemeColours {
+  QRgb window;  // behind controls
+  QRgb base;    // behind texts that are edited
+  QRgb button;
+  QRgb text;
+  QRgb disabled;  // texts of what cannot be used now
+  QRgb highlight;
+  QRgb highlighted;
+  QRgb link;
+};
+
+constexpr TThemeColours LIGHT{0xFFEFEFEF, 0xFFFFFFFF, 0xFFEFEFEF, 0xFF000000,
+                              0xFF6E6E6E, 0xFF1A5FB4, 0xFFFFFFFF, 0xFF0B57D0};
+constexpr TThemeColours DARK{0xFF2B2B2B, 0xFF1E1E1E, 0xFF3A3A3A, 0xFFE6E6E6,
+                             0xFF9A9A9A, 0xFF3D7BD9, 0xFFFFFFFF, 0xFF8AB4F8};
+constexpr TThemeColours CONTRAST{0xFF000000, 0xFF000000, 0xFF000000, 0xFFFFFFFF,
+                                 0xFFB0B0B0, 0xFFFFFF00, 0xFF000000, 0xFFFFFF00};
+
+QPalette palette_of(const TThemeColours& colours) {
+  QPalette palette{QColor(colours.button), QColor(colours.window)};
+  palette.setColor(QPalette::Base, colours.base);
+  palette.setColor(QPalette::AlternateBase, colours.window);
+  palette.setColor(QPalette::ToolTipBase, colours.base);
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
+                          QPalette::ToolTipText, QPalette::BrightText}) {
+    palette.setColor(role, colours.text);
+    palette.setColor(QPalette::Disabled, role, colours.disabled);
+  }
+  palette.setColor(QPalette::PlaceholderText, colours.disabled);
+  palette.setColor(QPalette::Highlight, colours.highlight);
+  palette.setColor(QPalette::HighlightedText, colours.highlighted);
+  palette.setColor(QPalette::Link, colours.link);
+  return palette;
+}
+
+}  // namespace
+
+QPalette theme_palette(const std::string& theme) {
+  if (theme == THEME_DARK) return palette_of(DARK);
+  if (theme == THEME_CONTRAST) return palette_of(CONTRAST);
+  return palette_of(LIGHT);
+}
+
+void apply_theme(const std::string& theme) {
+  const bool own = theme == THEME_LIGHT || theme == THEME_DARK || theme == THEME_CONTRAST;
+  // Without colours of its own the application has the system's.
+  QApplication::setPalette(own ? theme_palette(theme) : QPalette());
+  QToolTip::setPalette(QApplication::palette());
+}
+
+}  // namespace zoka
