@@ -11,6 +11,8 @@
 namespace zoka {
 namespace {
 
+/// Letters of a font family that its menu shows.
+constexpr int FAMILY_LETTERS = 24;
 /// A size field's width, in digits.
 constexpr int TEXT_DIGITS = 9;
 
@@ -122,7 +124,13 @@ void TPrefsView::CreateFontTab() {
   for (size_t i = 0; i < PREFS_FONT_COUNT; ++i) {
     const TFontRow& row = FONT_ROWS[i];
     QComboBox* menu = mFonts[i] = NewMenu(row.name);
-    mLabels.emplace_back([this, menu] { menu->setPlaceholderText(Text("Select...")); });
+    // Families are many and some have long names: the menu is as wide as most need.
+    menu->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    menu->setMinimumContentsLength(FAMILY_LETTERS);
+    mLabels.emplace_back([this, menu] {
+      menu->setPlaceholderText(Text("Select..."));
+      menu->updateGeometry();  // the text takes part in the menu's size
+    });
     connect(menu, &QComboBox::currentIndexChanged, this, [this, menu, i](int index) {
       if (index < 0) return;
       mEdit.SetFontFamily(static_cast<TPrefsFont>(i), menu->itemText(index).toStdString());

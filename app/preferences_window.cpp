@@ -1,6 +1,7 @@
 // The preferences dialog's frame.
 #include "app/preferences_window.h"
 
+#include <QComboBox>
 #include <QKeyEvent>
 #include <QLayout>
 
@@ -26,6 +27,7 @@ void TPrefsWindow::SetWinTitle() {
 
 void TPrefsWindow::Open() {
   if (isHidden()) mView->Open();
+  FitTexts();
   Appear();
 }
 
@@ -43,6 +45,15 @@ void TPrefsWindow::MessageReceived(const TMessage& message) {
 void TPrefsWindow::LanguageChanged() {
   SetWinTitle();
   mView->SetViewLabel();
+  FitTexts();
+}
+
+void TPrefsWindow::FitTexts() {
+  // The menus of families measure themselves only once they are asked.
+  for (QComboBox* menu : mView->findChildren<QComboBox*>()) {
+    menu->setMinimumWidth(menu->minimumSizeHint().width());
+  }
+  layout()->activate();
 }
 
 void TPrefsWindow::IAPChanged(const TMessage&) {

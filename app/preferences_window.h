@@ -28,6 +28,7 @@ class TPrefsWindow final : public TBasicWindow {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  void FitTexts();
   void SetWinTitle();
 
   TPrefsView* mView;

@@ -273,7 +273,10 @@ TEST_F(TPreferencesTest, NoTextIsCutOffAndEveryControlHasAName) {
         const auto* button = qobject_cast<QAbstractButton*>(widget);
         const auto* menu = qobject_cast<QComboBox*>(widget);
         if (label || button || menu) {
-          EXPECT_TRUE(has_room(*widget)) << widget->objectName().toStdString() << page;
+          EXPECT_TRUE(has_room(*widget))
+              << widget->objectName().toStdString() << page << " " << widget->width() << " of "
+              << widget->minimumSizeHint().width() << ", " << widget->height() << " of "
+              << widget->minimumSizeHint().height();
         }
         const bool control =
             menu || qobject_cast<QLineEdit*>(widget) || qobject_cast<QSlider*>(widget);
