@@ -33,8 +33,7 @@ struct TZokaBasicWindow::TMenuRow {
 
 QAction* TZokaBasicWindow::AddItem(QMenu* menu, const TMenuRow& row) {
   const TCatalogue& texts = *Engine().catalogue;
-  const std::string named =
-      replace_placeholder(texts.GetString(row.label), "%AppName%", APP_NAME);
+  const std::string named = replace_placeholder(texts.GetString(row.label), "%AppName%", APP_NAME);
   const std::string text =
       replace_placeholder(named, "%AppAuthor%", texts.GetString("@App_Author@"));
   QAction* const item = menu->addAction(menu_label(Engine(), text, row.key));

@@ -7,7 +7,6 @@
 #include <utility>
 #include <vector>
 
-
 namespace zoka {
 
 /// What kind of failure an exception reports; decides the alert's heading.

@@ -51,8 +51,8 @@ bool TTimedMutex::lock_within(bigtime_t limit) {
   note_lock(mRank);
 #endif
   int expected = FREE;
-  const bool locked = mState.compare_exchange_strong(expected, HELD, std::memory_order_acquire) ||
-                      LockSlow(limit);
+  const bool locked =
+      mState.compare_exchange_strong(expected, HELD, std::memory_order_acquire) || LockSlow(limit);
 #if ZOKA_DEBUG
   if (!locked) note_unlock(mRank);
 #endif
@@ -68,8 +68,8 @@ bool TTimedMutex::LockSlow(bigtime_t limit) {
       continue;
     }
     if (deadline <= host_time()) return false;
-    mFreed.wait_until(
-        lock, std::chrono::steady_clock::time_point(std::chrono::microseconds(deadline)));
+    mFreed.wait_until(lock,
+                      std::chrono::steady_clock::time_point(std::chrono::microseconds(deadline)));
   }
   return true;
 }

@@ -1,7 +1,7 @@
 // The tests of single tokens, and the making of a compile fault.
+#include "common/text/number.h"
 #include "compiler/compiler.h"
 #include "compiler/error_keys.h"
-#include "common/text/number.h"
 
 namespace zoka {
 

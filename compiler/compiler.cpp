@@ -7,9 +7,9 @@
 
 #include "app/settings/prefs.h"
 #include "app/settings/show_alert.h"
-#include "compiler/error_keys.h"
 #include "common/text/ascii.h"
 #include "common/text/number.h"
+#include "compiler/error_keys.h"
 
 namespace zoka {
 namespace {

@@ -1,9 +1,9 @@
 // The operands of expressions: parentheses, literals, calls. Where no operand stands, nothing is
 // compiled and nothing refused: statements that need one look for it, and what an operator lacks is
 // found when the program runs.
+#include "common/text/number.h"
 #include "compiler/compiler.h"
 #include "compiler/error_keys.h"
-#include "common/text/number.h"
 
 namespace zoka {
 namespace {

@@ -1,7 +1,7 @@
 // Statements of variables and data: LET, DIM, SWAP, READ, DATA, the DEF family, OPTION BASE.
+#include "common/text/ascii.h"
 #include "compiler/compiler.h"
 #include "compiler/error_keys.h"
-#include "common/text/ascii.h"
 
 namespace zoka {
 

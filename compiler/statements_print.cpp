@@ -1,8 +1,8 @@
 // PRINT, WRITE, PRINT USING, and the INPUT family: what goes to and comes from the text screen and
 // the files.
+#include "common/text/number.h"
 #include "compiler/compiler.h"
 #include "compiler/error_keys.h"
-#include "common/text/number.h"
 
 namespace zoka {
 namespace {

@@ -4,10 +4,10 @@
 #include <string>
 #include <string_view>
 
+#include "common/text/ascii.h"
 #include "compiler/compiler.h"
 #include "compiler/depth.h"
 #include "compiler/error_keys.h"
-#include "common/text/ascii.h"
 
 namespace zoka {
 namespace {

@@ -2,9 +2,9 @@
 // text, by the DEFINT and its kin that stand before it there.
 #include <algorithm>
 
+#include "common/text/ascii.h"
 #include "compiler/compiler.h"
 #include "compiler/error_keys.h"
-#include "common/text/ascii.h"
 
 namespace zoka {
 namespace {

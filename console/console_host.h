@@ -40,11 +40,11 @@ class TConsoleHost final : public TRunHost, public TAlertHost {
  private:
   void FlushLocked();
 
-  bool mLive = false;          // under mMutex
-  std::string mHeldAlerts;     // under mMutex
+  bool mLive = false;       // under mMutex
+  std::string mHeldAlerts;  // under mMutex
 
   std::mutex mMutex;
-  std::string mPending;  // under mMutex
+  std::string mPending;      // under mMutex
   bool mHasRequest = false;  // under mMutex
   TMessage mRequest;         // under mMutex
   std::atomic<bool> mFailed{false};

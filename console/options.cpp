@@ -50,28 +50,41 @@ bool parse_int(const std::string& text, int32_t low, int32_t high, int32_t* valu
 }
 
 bool set_language(TOptions* options, const std::string& value) {
-  if (value == "en") options->language = TLanguage::English;
-  else if (value == "ja") options->language = TLanguage::Japanese;
-  else if (value == "keys") options->language = TLanguage::Keys;
-  else return false;
+  if (value == "en")
+    options->language = TLanguage::English;
+  else if (value == "ja")
+    options->language = TLanguage::Japanese;
+  else if (value == "keys")
+    options->language = TLanguage::Keys;
+  else
+    return false;
   return true;
 }
 
 bool set_encoding(TOptions* options, const std::string& value) {
   // The indices of the encoding menu; its separator counts as one.
-  if (value == "auto") options->encoding = 0;
-  else if (value == "utf8") options->encoding = 2;
-  else if (value == "sjis") options->encoding = 3;
-  else if (value == "jis") options->encoding = 4;
-  else return false;
+  if (value == "auto")
+    options->encoding = 0;
+  else if (value == "utf8")
+    options->encoding = 2;
+  else if (value == "sjis")
+    options->encoding = 3;
+  else if (value == "jis")
+    options->encoding = 4;
+  else
+    return false;
   return true;
 }
 
 bool set_compat(TOptions* options, const std::string& value) {
-  if (value == "auto") options->compat = 0;
-  else if (value == "disk") options->compat = 2;
-  else if (value == "dos") options->compat = 3;
-  else return false;
+  if (value == "auto")
+    options->compat = 0;
+  else if (value == "disk")
+    options->compat = 2;
+  else if (value == "dos")
+    options->compat = 3;
+  else
+    return false;
   return true;
 }
 
@@ -121,9 +134,15 @@ bool set_wav(TOptions* options, const std::string& value) {
   options->wav = value;
   return !value.empty();
 }
-bool set_no_wait(TOptions* options, const std::string&) { return options->noWait = true; }
-bool set_boot(TOptions* options, const std::string&) { return options->boot = true; }
-bool set_plain(TOptions* options, const std::string&) { return options->plain = true; }
+bool set_no_wait(TOptions* options, const std::string&) {
+  return options->noWait = true;
+}
+bool set_boot(TOptions* options, const std::string&) {
+  return options->boot = true;
+}
+bool set_plain(TOptions* options, const std::string&) {
+  return options->plain = true;
+}
 
 /// True if `value` has a digit for each 9 of `pattern` and is equal to it elsewhere.
 bool has_pattern(std::string_view value, std::string_view pattern) {

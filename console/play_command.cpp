@@ -15,7 +15,8 @@ int play_command(const TOptions& options) {
   TPrefs& prefs = *engine.Context().prefs;
   TPlayCommand play(*engine.Context().clock, TSoundSettings{prefs.SVol, prefs.MDly}, options.mml,
                     TPlayOutputOptions{options.midi, options.wav, options.noWait});
-  TWatch watch(options.timeoutSeconds, [&play] { play.Stop(); }, [] {});
+  TWatch watch(
+      options.timeoutSeconds, [&play] { play.Stop(); }, [] {});
   TPlayResult result = play.Run();
   for (const std::string& path : result.unwritten) report_unwritten(path);
   if (watch.Status() != 0) return watch.Status();

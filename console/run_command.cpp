@@ -25,8 +25,8 @@ class TRunCommand {
         mFeeder(*mEngine.Context().clock, mEngine.View()),
         mOutputs(*mEngine.Context().clock, mEngine.View().Producer(),
                  TPlayOutputOptions{options.midi, options.wav, options.noWait}),
-        mWatch(options.timeoutSeconds, [this] { mEngine.View().ForceStop(); },
-               TTerminal::Restore) {
+        mWatch(
+            options.timeoutSeconds, [this] { mEngine.View().ForceStop(); }, TTerminal::Restore) {
     mHost.SetOnFailure([this] { mEngine.View().ForceStop(); });
   }
 

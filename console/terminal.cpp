@@ -42,7 +42,9 @@ void die_restored(int number) {
 
 }  // namespace
 
-bool TTerminal::IsThere() { return ::isatty(STDIN_FILENO) && ::isatty(STDOUT_FILENO); }
+bool TTerminal::IsThere() {
+  return ::isatty(STDIN_FILENO) && ::isatty(STDOUT_FILENO);
+}
 
 void TTerminal::Restore() {
   if (!gIsRaw.exchange(false)) return;

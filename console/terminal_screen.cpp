@@ -72,8 +72,8 @@ std::string TTerminalScreen::Update(const TTxtSnapshot& now) {
   for (int32_t row = 0; row < std::min(now.rows, mRows); ++row) {
     if (RowChanged(now, row)) bytes += RowBytes(now, row);
   }
-  bool cursorMoved = !mKnown || now.cursorPos != mShown.cursorPos ||
-                     now.cursorShown != mShown.cursorShown;
+  bool cursorMoved =
+      !mKnown || now.cursorPos != mShown.cursorPos || now.cursorShown != mShown.cursorShown;
   if (!bytes.empty() || cursorMoved) {
     bytes = HIDE_CURSOR + bytes;
     if (now.cursorShown && now.cursorPos >= 0) {

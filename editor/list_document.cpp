@@ -22,7 +22,9 @@ constexpr const char FUC_ELLIPSES[] = "…";
 
 }  // namespace
 
-TSaveAnswer TDocumentHost::AskSave(const std::string&) { return TSaveAnswer::No; }
+TSaveAnswer TDocumentHost::AskSave(const std::string&) {
+  return TSaveAnswer::No;
+}
 void TDocumentHost::SetStatBarStr(const std::string&) {}
 void TDocumentHost::SetWinTitle() {}
 void TDocumentHost::AddHistory(const std::string&) {}
@@ -158,7 +160,9 @@ bool TListDocument::SaveListAs(const std::string& path) {
   return true;
 }
 
-void TListDocument::NewList() { OpenCopy(""); }
+void TListDocument::NewList() {
+  OpenCopy("");
+}
 
 void TListDocument::OpenCopy(const std::string& text) {
   mText.Set(text);
@@ -255,9 +259,8 @@ TRunOutcome TListDocument::RunBasic(TMessage request) {
 TRunOutcome TListDocument::StartRun(TMessage request) {
   if (!PrepareRun(&request)) return TRunOutcome::LoadFailed;
   mRequest = std::move(request);
-  mRunView.StartCompile(mFormatted.Text(), [this, compilation = mCompilation] {
-    mHost.CompileEnded(compilation);
-  });
+  mRunView.StartCompile(mFormatted.Text(),
+                        [this, compilation = mCompilation] { mHost.CompileEnded(compilation); });
   return TRunOutcome::Compiling;
 }
 
@@ -268,7 +271,9 @@ TRunOutcome TListDocument::FinishRun(int64_t compilation) {
   return LaunchRun(mRunView.FinishCompile(), mRequest);
 }
 
-void TListDocument::RunEnded() { SetState(TDocumentEvent::Ended); }
+void TListDocument::RunEnded() {
+  SetState(TDocumentEvent::Ended);
+}
 
 void TListDocument::ConnectDebugger() {
   TDebugger* debugger = mRunView.Debugger();

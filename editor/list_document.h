@@ -73,14 +73,28 @@ class TDocumentHost {
 /// Stages of the way into a run.
 enum class TDocumentState : uint8_t { Idle, Loading, Compiling, Running, Ending };
 /// What may happen to it.
-enum class TDocumentEvent : uint8_t { Run, Load, Loaded, LoadFailed, Compiled, CompileFailed, Kill,
-                                      Ended };
+enum class TDocumentEvent : uint8_t {
+  Run,
+  Load,
+  Loaded,
+  LoadFailed,
+  Compiled,
+  CompileFailed,
+  Kill,
+  Ended
+};
 /// The state behind an event; an event that means nothing in a state leaves it.
 TDocumentState next_document_state(TDocumentState state, TDocumentEvent event);
 
 /// How RunBasic ended; StartRun may also answer Compiling.
-enum class TRunOutcome : uint8_t { Started, NothingToRun, CompileFailed, LoadFailed, Cancelled,
-                                   Compiling };
+enum class TRunOutcome : uint8_t {
+  Started,
+  NothingToRun,
+  CompileFailed,
+  LoadFailed,
+  Cancelled,
+  Compiling
+};
 
 /// The type that files of lists are given, unless they have one.
 constexpr const char LIST_MIME_TYPE[] = "text/x-BASIC-source-code";

@@ -17,8 +17,8 @@ struct TNamedKey {
   char byte;
 };
 constexpr TNamedKey NAMED_KEYS[] = {
-    {"LEFT", 0x1C}, {"RIGHT", 0x1D}, {"UP", 0x1E},  {"DOWN", 0x1F}, {"HOME", 0x01}, {"END", 0x04},
-    {"INS", 0x05},  {"DEL", 0x7F},   {"BS", 0x08},  {"ESC", 0x1B},  {"PGUP", 0x0B}, {"PGDN", 0x0C},
+    {"LEFT", 0x1C}, {"RIGHT", 0x1D}, {"UP", 0x1E}, {"DOWN", 0x1F}, {"HOME", 0x01}, {"END", 0x04},
+    {"INS", 0x05},  {"DEL", 0x7F},   {"BS", 0x08}, {"ESC", 0x1B},  {"PGUP", 0x0B}, {"PGDN", 0x0C},
 };
 
 struct TNamedMouse {
@@ -26,8 +26,8 @@ struct TNamedMouse {
   TFeedItem::TKind kind;
 };
 constexpr TNamedMouse NAMED_MOUSE[] = {
-    {"MOVE", TFeedItem::TKind::Move},        {"LDOWN", TFeedItem::TKind::LeftDown},
-    {"LUP", TFeedItem::TKind::LeftUp},       {"RDOWN", TFeedItem::TKind::RightDown},
+    {"MOVE", TFeedItem::TKind::Move},   {"LDOWN", TFeedItem::TKind::LeftDown},
+    {"LUP", TFeedItem::TKind::LeftUp},  {"RDOWN", TFeedItem::TKind::RightDown},
     {"RUP", TFeedItem::TKind::RightUp},
 };
 
@@ -137,7 +137,9 @@ bool parse_key_text(std::string_view text, std::deque<TFeedItem>* items, std::st
 
 TKeyFeeder::TKeyFeeder(TClock& clock, TRunView& view) : mClock(clock), mView(view), mAdded(clock) {}
 
-TKeyFeeder::~TKeyFeeder() { End(); }
+TKeyFeeder::~TKeyFeeder() {
+  End();
+}
 
 void TKeyFeeder::Add(std::deque<TFeedItem> items) {
   {
@@ -167,7 +169,8 @@ void TKeyFeeder::Begin() {
   // A person's first key comes when the program is on its way, its traps set. Simulated time does
   // not pass before the program waits or polls, so that there any time will do.
   bigtime_t delay = mClock.IsSimulated() ? 1 : FIRST_KEY_DELAY;
-  mStartTimer.store(mClock.StartTimer(delay, false, [this] { Release(); }, TActorClass::Keys));
+  mStartTimer.store(mClock.StartTimer(
+      delay, false, [this] { Release(); }, TActorClass::Keys));
 }
 
 void TKeyFeeder::Release() {

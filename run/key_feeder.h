@@ -19,8 +19,17 @@ class TRunView;
 
 /// One thing that is typed or done.
 struct TFeedItem {
-  enum class TKind : uint8_t { Key, FunctionKey, Break, Wait, Move, LeftDown, LeftUp, RightDown,
-                               RightUp };
+  enum class TKind : uint8_t {
+    Key,
+    FunctionKey,
+    Break,
+    Wait,
+    Move,
+    LeftDown,
+    LeftUp,
+    RightDown,
+    RightUp
+  };
   TKind kind = TKind::Key;
   std::string bytes;    // Key: as the platform codes them
   int32_t number = 0;   // FunctionKey: 1 to 12

@@ -17,11 +17,17 @@ TLocalTime TLiveInputs::LocalTime() {
   return mContext.clock->local_time();
 }
 
-int32_t TLiveInputs::Random() { return mContext.random.Next(); }
+int32_t TLiveInputs::Random() {
+  return mContext.random.Next();
+}
 
-void TLiveInputs::SeedRandom(int32_t seed) { mContext.random.Seed(static_cast<uint32_t>(seed)); }
+void TLiveInputs::SeedRandom(int32_t seed) {
+  mContext.random.Seed(static_cast<uint32_t>(seed));
+}
 
-std::string TLiveInputs::PopKey(TThread& machine) { return mRsrc.PopFromKeyBuf(&machine); }
+std::string TLiveInputs::PopKey(TThread& machine) {
+  return mRsrc.PopFromKeyBuf(&machine);
+}
 
 std::string TLiveInputs::PopKeyWithTimeout(bigtime_t timeout, TThread& machine) {
   if (timeout <= 0 && mKeyFeeder != nullptr) mKeyFeeder->Look();
@@ -32,10 +38,16 @@ bool TLiveInputs::IsKeyDown(uint8_t code) {
   return code < KEY_MATRIX_SIZE && mHost.KeyStates().test(code);
 }
 
-int32_t TLiveInputs::ProducerConnections() { return mProducer.CountConnections(); }
+int32_t TLiveInputs::ProducerConnections() {
+  return mProducer.CountConnections();
+}
 
-bigtime_t TLiveInputs::SpeedControlInterval() { return mContext.prefs->SpCI.load(); }
+bigtime_t TLiveInputs::SpeedControlInterval() {
+  return mContext.prefs->SpCI.load();
+}
 
-bool TLiveInputs::RepeatRun() { return mContext.exitStates->RptR.load(); }
+bool TLiveInputs::RepeatRun() {
+  return mContext.exitStates->RptR.load();
+}
 
 }  // namespace zoka

@@ -9,7 +9,9 @@ namespace zoka {
 void TRunHost::Post(std::function<void()>) {}
 void TRunHost::Present(const TRect&) {}
 void TRunHost::ComposeSoon() {}
-bool TRunHost::WantsPicture() const { return false; }
+bool TRunHost::WantsPicture() const {
+  return false;
+}
 void TRunHost::TranscriptRow(std::string_view) {}
 void TRunHost::FlushOutput() {}
 void TRunHost::SetTitle(const std::string&) {}
@@ -17,9 +19,13 @@ void TRunHost::DriveChanged(int32_t, const std::string&, const std::string&) {}
 void TRunHost::Lamp(int32_t, int32_t) {}
 void TRunHost::SetClipboardText(const std::string&) {}
 void TRunHost::SetClipboardImage(const TFrameBuffer&) {}
-TKeyStates TRunHost::KeyStates() const { return {}; }
+TKeyStates TRunHost::KeyStates() const {
+  return {};
+}
 void TRunHost::CapturePointer(bool) {}
-int64_t TRunHost::FreeMemoryKBytes() const { return free_memory_kbytes(); }
+int64_t TRunHost::FreeMemoryKBytes() const {
+  return free_memory_kbytes();
+}
 void TRunHost::MidiMenuRebuild() {}
 void TRunHost::MidiMenuUpdate(int32_t) {}
 void TRunHost::SavePrefs() {}

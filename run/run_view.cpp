@@ -249,7 +249,9 @@ void TRunView::ForceStop() {
   if (TKeyFeeder* feeder = mKeyFeeder.load()) feeder->End();
 }
 
-void TRunView::PreventInputBlock() { mRsrc.PushToKeyBuf("\x0A", 1); }
+void TRunView::PreventInputBlock() {
+  mRsrc.PushToKeyBuf("\x0A", 1);
+}
 
 void TRunView::SetKeyFeeder(TKeyFeeder* feeder) {
   mKeyFeeder.store(feeder);
@@ -346,9 +348,8 @@ int32_t TRunView::SetOnTimeDl(const char* hhmmss) {
   TLocalTime now = mContext.clock->local_time();
   int32_t seconds = wanted - ((now.hour * 60 + now.minute) * 60 + now.second);
   if (seconds < 0) seconds += SECONDS_PER_DAY;
-  mOnTimeTimer.store(mContext.clock->StartTimer(
-      seconds * MICROSECONDS_PER_SECOND, false,
-      [port = Port()] {
+  mOnTimeTimer.store(
+      mContext.clock->StartTimer(seconds * MICROSECONDS_PER_SECOND, false, [port = Port()] {
         if (port) port->HappenInterrupt(IR_TIME);
       }));
   return 0;
@@ -375,9 +376,13 @@ std::string TRunView::DriveFolder(int32_t index) const {
   return mRsrc.DrvFolderRefs().Folder(index);
 }
 
-void TRunView::SetFDDAccessLamp(int32_t driveIdx, int32_t change) { mHost.Lamp(driveIdx, change); }
+void TRunView::SetFDDAccessLamp(int32_t driveIdx, int32_t change) {
+  mHost.Lamp(driveIdx, change);
+}
 
-void TRunView::TranscriptRow(const std::string& row) { mHost.TranscriptRow(row); }
+void TRunView::TranscriptRow(const std::string& row) {
+  mHost.TranscriptRow(row);
+}
 
 void TRunView::KeyWaitBegins(bigtime_t deadline) {
   FlushOutput();

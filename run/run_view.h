@@ -17,8 +17,8 @@
 #include "compiler/compiler.h"
 #include "core/mid_code.h"
 #include "run/run_host.h"
-#include "run/screen/compose.h"
 #include "run/screen/basic_rsrc.h"
+#include "run/screen/compose.h"
 #include "run/screen/screen_owner.h"
 #include "run/window_lock.h"
 #include "sound/midi.h"
@@ -183,7 +183,7 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   TMmlPlayer mPlayer;
   std::unique_ptr<TLiveInputs> mInputs;
   TWindowLock mWindowLock;
-  TFrameBuffer mFrame;       // under mWindowLock
+  TFrameBuffer mFrame;             // under mWindowLock
   TScreenPainter mPainter{mRsrc};  // its DrawBasic under mWindowLock
   std::atomic<bigtime_t> mLastCompose{0};
   std::atomic<bool> mFlushAsked{false};

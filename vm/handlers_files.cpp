@@ -74,8 +74,8 @@ void add_start(TVMachine& m, TMessage* message) {
 /// The path of a list that a program names.
 std::string list_path(TVMachine& m, const TText& name, bool mustExist) {
   if (name.Length() == 0) throw m.RuntimeException2(ERR_FILE_NOT_FOUND);
-  return with_line(
-      m, [&] { return m.mRsrc->DrvFolderRefs().FullPathFName(name.View(), mustExist); });
+  return with_line(m,
+                   [&] { return m.mRsrc->DrvFolderRefs().FullPathFName(name.View(), mustExist); });
 }
 
 }  // namespace

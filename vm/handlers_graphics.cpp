@@ -19,7 +19,9 @@ constexpr float PI = 3.1415927f;
 constexpr float WHOLE_TURN = 6.2831855f;
 constexpr float HALF_TURN_DEGREES = 180;
 
-TException bad_call(TVMachine& m) { return m.RuntimeException2(ERR_ILL_FUNC_CALL); }
+TException bad_call(TVMachine& m) {
+  return m.RuntimeException2(ERR_ILL_FUNC_CALL);
+}
 
 bool drop_if_omitted(TVMachine& m) {
   if (m.TopKind() != TStackKind::Abbrev) return false;
@@ -39,7 +41,9 @@ TPoint pop_point(TVMachine& m) {
   return {static_cast<float>(x), static_cast<float>(y)};
 }
 
-TPoint relative(const TPoint& origin, const TPoint& p) { return {origin.x + p.x, origin.y + p.y}; }
+TPoint relative(const TPoint& origin, const TPoint& p) {
+  return {origin.x + p.x, origin.y + p.y};
+}
 
 /// Pops y and x, relative to the last point under STEP.
 TPoint pop_step_point(TVMachine& m, bool step) {
@@ -95,7 +99,9 @@ float pop_float(TVMachine& m, float standard) {
   return drop_if_omitted(m) ? standard : m.PopFloat();
 }
 
-float degrees(float radians) { return std::fabs(radians) * HALF_TURN_DEGREES / PI; }
+float degrees(float radians) {
+  return std::fabs(radians) * HALF_TURN_DEGREES / PI;
+}
 
 TArcOperands arc_operands(float start, float end) {
   TArcOperands arc;
@@ -159,11 +165,10 @@ std::shared_ptr<const TGrphBlock> read_planar_picture(TVMachine& m, const TVarIn
   if (bytes > 0 && elements - first < (bytes + 5) / 2 - 1) {
     throw m.RuntimeException2("@Runtime_Err_Subscript_Out_Of_Range@");
   }
-  return std::make_shared<TGrphBlock>(
-      planar_block(width, height, planes, [&](int64_t number) {
-        auto word = static_cast<uint32_t>(element(2 + number / 2));
-        return static_cast<uint8_t>(number % 2 == 0 ? word : word >> 8);
-      }));
+  return std::make_shared<TGrphBlock>(planar_block(width, height, planes, [&](int64_t number) {
+    auto word = static_cast<uint32_t>(element(2 + number / 2));
+    return static_cast<uint8_t>(number % 2 == 0 ? word : word >> 8);
+  }));
 }
 
 /// Pops the operands behind PUT@'s array; all but the first, the mode, mean nothing.
@@ -297,10 +302,8 @@ void ExeBasicPutAtProc1(TVMachine& m, const TVMCode* code) {
 
 void ExeBasicPutAtProc2(TVMachine& m, const TVMCode* code) {
   int32_t count = code->lval();
-  int8_t back = count > 2 ? pop_kanji_color(m, m.mRsrc->GrphBackColor())
-                          : m.mRsrc->GrphBackColor();
-  int8_t fore = count > 1 ? pop_kanji_color(m, m.mRsrc->GrphForeColor())
-                          : m.mRsrc->GrphForeColor();
+  int8_t back = count > 2 ? pop_kanji_color(m, m.mRsrc->GrphBackColor()) : m.mRsrc->GrphBackColor();
+  int8_t fore = count > 1 ? pop_kanji_color(m, m.mRsrc->GrphForeColor()) : m.mRsrc->GrphForeColor();
   TPutMode mode = pop_put_mode(m, std::min(count, 1));
   int32_t kanji = m.PopInt();
   TPoint p = pop_point(m);

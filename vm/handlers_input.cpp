@@ -68,7 +68,9 @@ void ExeBasicLineInputWait(TVMachine& m, const TVMCode* code) {
   input_line(m, std::move(saved), &timeout);
 }
 
-void ExeBasicInputSh(TVMachine& m, const TVMCode* code) { input_from_file(m, code->lval(), false); }
+void ExeBasicInputSh(TVMachine& m, const TVMCode* code) {
+  input_from_file(m, code->lval(), false);
+}
 
 void ExeBasicLineInputSh(TVMachine& m, const TVMCode* code) {
   input_from_file(m, code->lval(), true);

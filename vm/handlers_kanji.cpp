@@ -6,7 +6,9 @@
 namespace zoka {
 namespace {
 
-TException bad_argument(TVMachine& m) { return m.RuntimeException2(ERR_ILL_FUNC_CALL); }
+TException bad_argument(TVMachine& m) {
+  return m.RuntimeException2(ERR_ILL_FUNC_CALL);
+}
 
 /// Pops a text, converts it, and pushes the result; none is an illegal function call.
 template <typename TConvert>
@@ -69,16 +71,22 @@ void ExeBasicSearch(TVMachine& m, const TVMCode*) {
   m.PushInt(search(m, *var, wanted, start, step));
 }
 
-void ExeBasicJisDl(TVMachine& m, const TVMCode*) { push_converted(m, jis_dl); }
+void ExeBasicJisDl(TVMachine& m, const TVMCode*) {
+  push_converted(m, jis_dl);
+}
 
-void ExeBasicKnjDl(TVMachine& m, const TVMCode*) { push_converted(m, knj_dl); }
+void ExeBasicKnjDl(TVMachine& m, const TVMCode*) {
+  push_converted(m, knj_dl);
+}
 
 void ExeBasicAkcnvDl(TVMachine& m, const TVMCode*) {
   TText text = m.PopText();
   m.PushString(AkcnvDl(text.View()));
 }
 
-void ExeBasicKacnvDl(TVMachine& m, const TVMCode*) { push_converted(m, KacnvDl); }
+void ExeBasicKacnvDl(TVMachine& m, const TVMCode*) {
+  push_converted(m, KacnvDl);
+}
 
 void ExeBasicDateDl(TVMachine& m, const TVMCode*) {
   TLocalTime now = m.LocalTime();
@@ -89,8 +97,7 @@ void ExeBasicDateDl(TVMachine& m, const TVMCode*) {
 
 void ExeBasicTimeDl(TVMachine& m, const TVMCode*) {
   TLocalTime now = m.LocalTime();
-  m.PushString(two_digits(now.hour) + ":" + two_digits(now.minute) + ":" +
-               two_digits(now.second));
+  m.PushString(two_digits(now.hour) + ":" + two_digits(now.minute) + ":" + two_digits(now.second));
 }
 
 }  // namespace zoka

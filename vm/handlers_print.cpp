@@ -90,8 +90,7 @@ void ExeBasicWrite(TVMachine& m, const TVMCode* code) {
 
 void ExeBasicPrintSh(TVMachine& m, const TVMCode* code) {
   if (code->bval()) return write_to_file(m, FILE_LINE_END);
-  write_to_file(
-      m, pop_item(m, [](const TStackData& item) { return GetPrintStr(item, FILE_PAD); }));
+  write_to_file(m, pop_item(m, [](const TStackData& item) { return GetPrintStr(item, FILE_PAD); }));
 }
 
 void ExeBasicWriteSh(TVMachine& m, const TVMCode* code) {
@@ -130,6 +129,8 @@ void ExeBasicCsrlin(TVMachine& m, const TVMCode*) {
   m.PushInt((m.mRsrc->CursorPos() - cursor_column(m)) / cols);
 }
 
-void ExeBasicStrDl(TVMachine& m, const TVMCode*) { m.PushString(str_dl_text(m.PopDouble())); }
+void ExeBasicStrDl(TVMachine& m, const TVMCode*) {
+  m.PushString(str_dl_text(m.PopDouble()));
+}
 
 }  // namespace zoka

@@ -16,7 +16,9 @@ constexpr int8_t DIGITAL_MODE = 0;
 constexpr int32_t MAX_ROW_200 = 199;
 constexpr int32_t MAX_ROW_400 = 399;
 
-TException bad_call(TVMachine& m) { return m.RuntimeException2(ERR_ILL_FUNC_CALL); }
+TException bad_call(TVMachine& m) {
+  return m.RuntimeException2(ERR_ILL_FUNC_CALL);
+}
 
 /// Pops an operand that may have been left out.
 std::optional<int32_t> pop_optional(TVMachine& m) {
@@ -127,8 +129,7 @@ void ExeBasicColorProc2(TVMachine& m, const TVMCode*) {
   bool isDigital = rsrc.ColorMode() == DIGITAL_MODE;
   check_range(m, index, 0, colors - 1);
   check_range(m, color, 0, isDigital ? DIGITAL_COLORS - 1 : MAX_COLOR_CODE);
-  rsrc.SetGrphPal(index,
-                  isDigital ? rsrc.BasePal(color) : TBasicRsrc::BasColCodeToBeRGB(color));
+  rsrc.SetGrphPal(index, isDigital ? rsrc.BasePal(color) : TBasicRsrc::BasColCodeToBeRGB(color));
   rsrc.UpdateScreen();
 }
 

@@ -22,14 +22,20 @@ constexpr int32_t MAX_WORD = 65535;
 /// VAL looks at this much of a text.
 constexpr size_t MAX_VAL_BYTES = 500;
 
-TException bad_argument(TVMachine& m) { return m.RuntimeException2(ERR_ILL_FUNC_CALL); }
+TException bad_argument(TVMachine& m) {
+  return m.RuntimeException2(ERR_ILL_FUNC_CALL);
+}
 
 void check_range(TVMachine& m, int32_t value, int32_t low, int32_t high) {
   if (value < low || value > high) throw bad_argument(m);
 }
 
-TJisCount bytes_count(const TVMachine& m) { return {m.mRuntimeCompatiMode, 2}; }
-TJisCount characters_count(const TVMachine& m) { return {m.mRuntimeCompatiMode, 1}; }
+TJisCount bytes_count(const TVMachine& m) {
+  return {m.mRuntimeCompatiMode, 2};
+}
+TJisCount characters_count(const TVMachine& m) {
+  return {m.mRuntimeCompatiMode, 1};
+}
 
 /// The part of MID$ where positions are bytes.
 std::string_view ascii_part(std::string_view text, int32_t start, int32_t length) {
@@ -124,8 +130,8 @@ void push_based(TVMachine& m, int base) {
 
 void ExeBasicLen(TVMachine& m, const TVMCode*) {
   TText text = m.PopText();
-  m.PushInt(static_cast<int32_t>(
-      Utf8PosToJisPosKernel(text.View(), text.Length(), bytes_count(m))));
+  m.PushInt(
+      static_cast<int32_t>(Utf8PosToJisPosKernel(text.View(), text.Length(), bytes_count(m))));
 }
 
 void ExeBasicKlen(TVMachine& m, const TVMCode* code) {
@@ -232,8 +238,12 @@ void ExeBasicChrDl(TVMachine& m, const TVMCode*) {
   }
 }
 
-void ExeBasicHexDl(TVMachine& m, const TVMCode*) { push_based(m, 16); }
-void ExeBasicOctDl(TVMachine& m, const TVMCode*) { push_based(m, 8); }
+void ExeBasicHexDl(TVMachine& m, const TVMCode*) {
+  push_based(m, 16);
+}
+void ExeBasicOctDl(TVMachine& m, const TVMCode*) {
+  push_based(m, 8);
+}
 
 void ExeBasicVal(TVMachine& m, const TVMCode*) {
   TText text = m.PopText();

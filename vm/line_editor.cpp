@@ -68,9 +68,7 @@ class TLineEditor {
   int32_t Row() const { return Cursor() / Cols(); }
   int32_t FirstConsoleCell() const { return mRsrc.ConsoleTop() * Cols(); }
   int32_t LastConsoleCell() const { return mRsrc.ConsoleBottom() * Cols() - 1; }
-  bool IsOutside() const {
-    return Row() < mRsrc.ConsoleTop() || Row() >= mRsrc.ConsoleBottom();
-  }
+  bool IsOutside() const { return Row() < mRsrc.ConsoleTop() || Row() >= mRsrc.ConsoleBottom(); }
 
   void MoveLeft() {
     if (Cursor() <= 0) return;

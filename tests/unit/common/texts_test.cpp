@@ -112,8 +112,7 @@ TEST(Alert, BytesAreThoseOfTheWindow) {
   TAlert alert;
   alert.text = "Compile Error\n\nSyntax error.\n\nLine: 10\n";
   alert.title = "* Zoka-BASIC *";
-  EXPECT_EQ(alert_bytes(alert),
-            "Compile Error\n\nSyntax error.\n\nLine: 10\n\n\n* Zoka-BASIC *\n");
+  EXPECT_EQ(alert_bytes(alert), "Compile Error\n\nSyntax error.\n\nLine: 10\n\n\n* Zoka-BASIC *\n");
 }
 
 TEST(Random, SameNumbersAsTheLibrary) {
