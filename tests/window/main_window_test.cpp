@@ -126,7 +126,7 @@ TEST_F(TMainWindowTest, AShiftJisListIsSavedUnderANewNameOnly) {
 }
 
 TEST_F(TMainWindowTest, ConvertedAndRawBytesComeBackAsTheyWere) {
-  const std::string raw("10 A\r\n\xFF\x80 \x01\n", 13);
+  const std::string raw = "10 A\r\n\xFF\x80 \x01\n";
   Edit().Set(raw);
   EXPECT_EQ(Edit().Get(), raw);
   Edit().Set(std::string("a\0b", 3));
