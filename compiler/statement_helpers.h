@@ -9,9 +9,9 @@ TToken GenListExpr(const TToken& first, TTokenKind* kind);
 TToken GenNumber(const TToken& first);
 /// An expression that must be a string; `key` is raised for any other.
 TToken GenString(const TToken& first, const char* key);
-/// A variable or element as a reference.
 /// A list of variables, which must not be empty, and the operation with their count.
 TToken GenVariables(TVMCodeCmd cmd);
+/// A variable or element as a reference.
 TToken GenReference(const TToken& first, TTokenKind* kind);
 /// `*LABEL` or an expression whose value is a line number.
 TToken GenTarget(const TToken& first);

@@ -58,6 +58,7 @@ TConsoleEngine::TConsoleEngine(const TOptions& options, TConsoleHost& host)
   mContext.interAppPrefs = &mInterAppPrefs;
   mContext.alertHost = &host;
   mView = std::make_unique<TRunView>(mContext, host);
+  mView->SetPlain(options.plain);
   mDocument = std::make_unique<TListDocument>(mContext, *mView, mText, mDocumentHost);
 }
 

@@ -166,6 +166,7 @@ void TRunView::MakeMachine() {
   parts.inputs = mInputs.get();
   parts.host = this;
   parts.memoryLimit = mMemoryLimit;
+  parts.plain = mPlain;
   if (mDebugModel != nullptr && mContext.exitStates->UDbg.load()) {
     auto debugger = std::make_unique<TDebugger>("Debugger", parts, mDebugModel, mRunNumber);
     mDebugger = debugger.get();

@@ -59,6 +59,8 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   /// Bytes of strings, arrays and stacks that each run from now on may hold; 0, as at first: half
   /// of what the host has.
   void SetMemoryLimit(int64_t bytes) { mMemoryLimit = bytes; }
+  /// Runs that begin afterwards execute single instructions, never several as one.
+  void SetPlain(bool plain) { mPlain = plain; }
   /// Makes the machine of the next run. Its requests (RUN, CHAIN) go to the host with RunEnded.
   bool ReadyBasic();
   /// Starts it: int32 "LineNum" or string "Label" of `start` says where.
@@ -203,6 +205,7 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   std::atomic<TTimerId> mOnTimeTimer{0};
   int64_t mRunNumber = 0;
   int64_t mMemoryLimit = 0;
+  bool mPlain = false;
 
   mutable TMutex mRequestLock{TLockRank::Leaf};
   bool mHasRequest = false;  // under mRequestLock

@@ -3,6 +3,7 @@
 
 #include "vm/file_access.h"
 #include "vm/handlers.h"
+#include "vm/plain_values.h"
 #include "vm/print_text.h"
 #include "vm/vmachine.h"
 
@@ -25,8 +26,8 @@ std::string pop_item(TVMachine& m, TFormat format) {
   return text;
 }
 
-/// True if constants and variables alone stand between this instruction and the next item of its
-/// statement: then nothing can look at the file before that is written.
+/// True if constants and plain variables alone stand between this instruction and the next item of
+/// its statement: then nothing can look at the file before that is written.
 bool item_follows(const TVMachine& m) {
   constexpr int32_t FARTHEST = 8;
   const std::vector<TVMCode>& codes = m.mMidCode->mCodes;
@@ -38,8 +39,13 @@ bool item_follows(const TVMachine& m) {
       case TVMCodeCmd::BPushDouble:
       case TVMCodeCmd::BPushString:
       case TVMCodeCmd::BPushSpecial:
-      case TVMCodeCmd::BLoadArray:
         break;
+      case TVMCodeCmd::BLoadArray: {
+        // A plain variable only: subscripts may raise an error.
+        const TVMCode& mark = codes[static_cast<size_t>(i - 1)];
+        if (mark.Cmd() != TVMCodeCmd::BPushInt || mark.lval() != SUBSCRIPT_END) return false;
+        break;
+      }
       case TVMCodeCmd::PrintSh:
       case TVMCodeCmd::WriteSh:
         return true;
@@ -56,7 +62,8 @@ void write_to_file(TVMachine& m, std::string_view text) {
   TZokaFile& file = open_file(m, m.PopInt());
   THeldOutput& held = m.mHeldOutput;
   bool isWritten = held.Add(&file, text);
-  if (held.IsFull() || !item_follows(m)) isWritten = held.Flush() && isWritten;
+  const bool atOnce = held.IsFull() || m.mWatched || m.IsPlain();
+  if (atOnce || !item_follows(m)) isWritten = held.Flush() && isWritten;
   if (!isWritten) throw m.RuntimeException2(ERR_CANNOT_WRITE);
 }
 

@@ -28,6 +28,7 @@ TVMachine::TVMachine(const char* name, const TMachineParts& parts)
       mHost(parts.host),
       mContext(*parts.context),
       mPort(std::make_shared<TInterruptPort>()),
+      mPlain(parts.plain),
       mCodeBase(parts.midCode->mCodes.data()) {
   const size_t count = mMidCode->mCodes.size();
   // Zeroed memory that the host hands out when it is touched: most instructions look nothing up.
@@ -81,7 +82,7 @@ void TVMachine::UseUnits() {
 }
 
 void TVMachine::RunLoop(const TVMHandler* table) {
-  UseUnits();
+  if (!mPlain) UseUnits();
   const TVMCode* const end = mCodeBase + mMidCode->mCodes.size();
   const std::atomic<uint32_t>& flags = mPort->mIrFlags;
   while (mPC != end) {
@@ -110,10 +111,11 @@ int32_t TVMachine::Execute() {
     RunProgram();
   } catch (const TException& fault) {
     mFault = fault;
+    // What stood before the error is in the file when the alert is read.
+    mHeldOutput.Flush();
     ShowFault(fault);
     mExitStatus = 1;
   }
-  // An error in the midst of a statement does not take back what stood before it.
   mHeldOutput.Flush();
   if (mRunRequested) mHost->SendRunRequest(mRunRequest);
   ExecuteDone();

@@ -81,6 +81,8 @@ struct TMachineParts {
   TMachineHost* host = nullptr;
   /// Bytes of strings, arrays and stacks that the run may hold; 0: half of what the host has.
   int64_t memoryLimit = 0;
+  /// Executes single instructions, never several as one.
+  bool plain = false;
 };
 
 /// Used once: made suspended, started with Resume, waited for, deleted by the run view. Members are
@@ -195,6 +197,8 @@ class TVMachine : public TThread {
   void JumpToEnd();
   /// The instruction at an index, of the code that this machine runs.
   const TVMCode* CodeAt(int32_t index) const { return mCodeBase + index; }
+  /// True if the run executes single instructions.
+  bool IsPlain() const { return mPlain; }
   int32_t PCIndex() const { return static_cast<int32_t>(mPC - mCodeBase); }
   /// GOSUB: notes the return to `codeIndex`.
   void PushReturnRecord(int32_t codeIndex);
@@ -309,6 +313,7 @@ class TVMachine : public TThread {
 
   uint64_t mJumps = 0;
   uint64_t mLongRunAt = LONG_RUN_JUMPS;
+  const bool mPlain;
   const TVMCode* mCodeBase;  // of the program's code, or of its copy with units
   std::vector<TVMCode> mCodeWithUnits;
   std::unique_ptr<TLookup, TFree> mLookups;
