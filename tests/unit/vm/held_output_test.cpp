@@ -4,28 +4,23 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <string>
+
+#include "tests/support/temp_folder.h"
 
 namespace zoka {
 namespace {
 
-/// An empty file, open.
+/// An empty file, open, in a folder of its own: tests run side by side.
 struct TOpenFile {
-  explicit TOpenFile(const char* name) : path(testing::TempDir() + name) {
-    EXPECT_EQ(file.SetTo(path, O_RDWR | O_CREAT | O_TRUNC), 0);
-  }
-  std::string Content() const {
-    std::ifstream stream(path);
-    return {std::istreambuf_iterator<char>(stream), {}};
-  }
-  std::string path;
+  TOpenFile() { EXPECT_EQ(file.SetTo(folder.Path("file"), O_RDWR | O_CREAT | O_TRUNC), 0); }
+  std::string Content() const { return folder.Read("file"); }
+  TTempFolder folder;
   TZokaFile file;
 };
 
 TEST(HeldOutput, GoesOutWhenFlushed) {
-  TOpenFile one("held_output_1");
+  TOpenFile one;
   THeldOutput held;
   EXPECT_TRUE(held.Flush()) << "nothing is held";
   EXPECT_TRUE(held.Add(&one.file, "ab"));
@@ -38,8 +33,8 @@ TEST(HeldOutput, GoesOutWhenFlushed) {
 }
 
 TEST(HeldOutput, AnotherFileSendsItOut) {
-  TOpenFile one("held_output_1");
-  TOpenFile two("held_output_2");
+  TOpenFile one;
+  TOpenFile two;
   THeldOutput held;
   EXPECT_TRUE(held.Add(&one.file, "first"));
   EXPECT_TRUE(held.Add(&two.file, "second"));
@@ -50,7 +45,7 @@ TEST(HeldOutput, AnotherFileSendsItOut) {
 }
 
 TEST(HeldOutput, IsFullAfterAFewKilobytes) {
-  TOpenFile one("held_output_1");
+  TOpenFile one;
   THeldOutput held;
   EXPECT_TRUE(held.Add(&one.file, std::string(4095, 'x')));
   EXPECT_FALSE(held.IsFull());
