@@ -61,7 +61,7 @@ TEST(RunView, ARequestGoesToTheHost) {
 TEST(RunView, AForcedStopEndsAnyProgram) {
   for (const char* program :
        {"10 GOTO 10\n", "10 PRINT \"A\":GOTO 10\n", "10 DIM A%(3):A=SEARCH(A%,5,0,0)\n",
-        "10 SLEEP 2147483647\n", "10 INPUT A\n", "10 INPUT WAIT 2147483647,A\n",
+        "10 SLEEP 60000:GOTO 10\n", "10 INPUT A\n", "10 INPUT WAIT 600,A:GOTO 10\n",
         "10 A$=INPUT$(1)\n", "10 FOR I=1 TO 2:I=1:NEXT\n", "10 GOSUB 10\n"}) {
     for (bool simulated : {false, true}) {
       TRunRig rig(simulated ? make_simulated_clock() : make_real_clock());
