@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "vm/handler_args.h"
 #include "vm/handlers.h"
 #include "vm/kana_convert.h"
 #include "vm/vmachine.h"
@@ -18,16 +19,6 @@ constexpr int32_t POINT_FUNCTIONS = 4;
 constexpr float PI = 3.1415927f;
 constexpr float WHOLE_TURN = 6.2831855f;
 constexpr float HALF_TURN_DEGREES = 180;
-
-TException bad_call(TVMachine& m) {
-  return m.RuntimeException2(ERR_ILL_FUNC_CALL);
-}
-
-bool drop_if_omitted(TVMachine& m) {
-  if (m.TopKind() != TStackKind::Abbrev) return false;
-  m.Drop();
-  return true;
-}
 
 /// Pops a colour; a colour that was left out is `standard`. Only the low byte counts.
 int8_t pop_color(TVMachine& m, int8_t standard) {

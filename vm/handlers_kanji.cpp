@@ -1,4 +1,5 @@
 // Kanji functions, SEARCH, DATE$ and TIME$.
+#include "vm/handler_args.h"
 #include "vm/handlers.h"
 #include "vm/kana_convert.h"
 #include "vm/vmachine.h"
@@ -6,29 +7,18 @@
 namespace zoka {
 namespace {
 
-TException bad_argument(TVMachine& m) {
-  return m.RuntimeException2(ERR_ILL_FUNC_CALL);
-}
-
 /// Pops a text, converts it, and pushes the result; none is an illegal function call.
 template <typename TConvert>
 void push_converted(TVMachine& m, TConvert convert) {
   TText text = m.PopText();
   std::optional<std::string> result = convert(text.View());
-  if (!result) throw bad_argument(m);
+  if (!result) throw bad_call(m);
   m.PushString(*result);
 }
 
 std::string two_digits(int value) {
   std::string text = std::to_string(value);
   return text.size() < 2 ? "0" + text : text;
-}
-
-/// Pops an argument that may be left out.
-int32_t pop_optional(TVMachine& m, int32_t standard) {
-  if (m.TopKind() != TStackKind::Abbrev) return m.PopInt();
-  m.Drop();
-  return standard;
 }
 
 bool slot_equals(const TVarInfo& var, int64_t slot, int32_t wanted) {
@@ -59,15 +49,15 @@ int32_t search(TVMachine& m, const TVarInfo& var, int32_t wanted, int32_t start,
 }  // namespace
 
 void ExeBasicSearch(TVMachine& m, const TVMCode*) {
-  int32_t step = pop_optional(m, 1);
-  int32_t start = pop_optional(m, 0);
+  int32_t step = pop_optional(m).value_or(1);
+  int32_t start = pop_optional(m).value_or(0);
   // Left out, the value reads as 0.
   int32_t wanted = m.PopInt();
   TVarInfo* var = m.PopVar();
   // Subscripts mean nothing here, but the form is to be used up to its end mark.
   while (m.PopInt() != -1) {
   }
-  if (var->dimCount != 1) throw bad_argument(m);
+  if (var->dimCount != 1) throw bad_call(m);
   m.PushInt(search(m, *var, wanted, start, step));
 }
 

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "vm/handler_args.h"
 #include "vm/handlers.h"
 #include "vm/vmachine.h"
 
@@ -11,10 +12,6 @@ namespace {
 constexpr int32_t CALL_MOUSE_ARGUMENTS = 5;
 constexpr int32_t LEFT = 1;
 constexpr int32_t RIGHT = 2;
-
-TException bad_call(TVMachine& m) {
-  return m.RuntimeException2(ERR_ILL_FUNC_CALL);
-}
 
 using TInts = std::vector<int32_t>;
 

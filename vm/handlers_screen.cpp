@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "vm/handler_args.h"
 #include "vm/handlers.h"
 #include "vm/vmachine.h"
 
@@ -16,24 +17,9 @@ constexpr int8_t DIGITAL_MODE = 0;
 constexpr int32_t MAX_ROW_200 = 199;
 constexpr int32_t MAX_ROW_400 = 399;
 
-TException bad_call(TVMachine& m) {
-  return m.RuntimeException2(ERR_ILL_FUNC_CALL);
-}
-
-/// Pops an operand that may have been left out.
-std::optional<int32_t> pop_optional(TVMachine& m) {
-  if (m.TopKind() != TStackKind::Abbrev) return m.PopInt();
-  m.Drop();
-  return std::nullopt;
-}
-
 /// Pops operand number `index` if the count covers it.
 std::optional<int32_t> pop_counted(TVMachine& m, int32_t count, int32_t index) {
   return count > index ? pop_optional(m) : std::nullopt;
-}
-
-void check_range(TVMachine& m, int32_t value, int32_t low, int32_t high) {
-  if (value < low || value > high) throw bad_call(m);
 }
 
 void set_switch(TVMachine& m, int32_t value) {

@@ -4,6 +4,7 @@
 
 #include "common/text/number.h"
 #include "common/text/utf8.h"
+#include "vm/handler_args.h"
 #include "vm/handlers.h"
 #include "vm/jis_position.h"
 #include "vm/vmachine.h"
@@ -21,14 +22,6 @@ constexpr int32_t MIN_WORD = -32768;
 constexpr int32_t MAX_WORD = 65535;
 /// VAL looks at this much of a text.
 constexpr size_t MAX_VAL_BYTES = 500;
-
-TException bad_argument(TVMachine& m) {
-  return m.RuntimeException2(ERR_ILL_FUNC_CALL);
-}
-
-void check_range(TVMachine& m, int32_t value, int32_t low, int32_t high) {
-  if (value < low || value > high) throw bad_argument(m);
-}
 
 TJisCount bytes_count(const TVMachine& m) {
   return {m.mRuntimeCompatiMode, 2};
@@ -64,7 +57,7 @@ void push_found(TVMachine& m, bool hasStart, TJisCount count) {
   TText wanted = m.PopText();
   TText text = m.PopText();
   int32_t start = hasStart ? m.PopInt() : 1;
-  if (start < 1) throw bad_argument(m);
+  if (start < 1) throw bad_call(m);
   int64_t offset = JisPosToUtf8PosKernel(text.View(), start - 1, count);
   if (offset > static_cast<int64_t>(text.Length())) return m.PushInt(0);
   size_t found = text.View().find(wanted.View(), static_cast<size_t>(offset));
@@ -106,7 +99,7 @@ int32_t parse_based(TVMachine& m, std::string_view text) {
   uint32_t value = 0;
   for (char c : text) {
     int32_t digit = digit_value(c, base);
-    if (digit < 0 && base == 8 && (c == '8' || c == '9')) throw bad_argument(m);
+    if (digit < 0 && base == 8 && (c == '8' || c == '9')) throw bad_call(m);
     if (digit < 0) break;
     value = value * static_cast<uint32_t>(base) + static_cast<uint32_t>(digit);
   }
