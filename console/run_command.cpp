@@ -16,6 +16,11 @@
 namespace zoka {
 namespace {
 
+/// True if the screen is shown live and the terminal's keys are typed into the run.
+bool is_live(const TOptions& options) {
+  return TTerminal::IsThere() && options.file != "-";
+}
+
 /// Everything of one `zoka run`, from set-up to exit status.
 class TRunCommand {
  public:
@@ -76,7 +81,7 @@ class TRunCommand {
     }
     mEngine.View().SetKeyFeeder(&mFeeder);
     mFeeder.Add(std::move(items));
-    if (TTerminal::IsThere() && mOptions.file != "-") {
+    if (is_live(mOptions)) {
       mFeeder.SetInteractive();
       mHost.SetLive(true);
       mTerminal = std::make_unique<TTerminal>(mEngine.View(), mFeeder);
@@ -141,6 +146,7 @@ class TRunCommand {
 }  // namespace
 
 int run_command(const TOptions& options) {
+  if (is_live(options)) TTerminal::HoldSuspend();
   TRunCommand command(options);
   return command.Run();
 }

@@ -5,6 +5,7 @@
 #include <signal.h>
 #include <sys/eventfd.h>
 #include <sys/ioctl.h>
+#include <sys/signalfd.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -24,6 +25,13 @@ constexpr int FRAME_MS = 16;
 termios gSavedMode;
 std::atomic<bool> gIsRaw{false};
 constexpr int FATAL_SIGNALS[] = {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT};
+
+sigset_t suspend_signal() {
+  sigset_t set;
+  sigemptyset(&set);
+  sigaddset(&set, SIGTSTP);
+  return set;
+}
 
 void enter_raw_mode() {
   if (::tcgetattr(STDIN_FILENO, &gSavedMode) != 0) return;
@@ -46,6 +54,11 @@ bool TTerminal::IsThere() {
   return ::isatty(STDIN_FILENO) && ::isatty(STDOUT_FILENO);
 }
 
+void TTerminal::HoldSuspend() {
+  sigset_t set = suspend_signal();
+  pthread_sigmask(SIG_BLOCK, &set, nullptr);
+}
+
 void TTerminal::Restore() {
   if (!gIsRaw.exchange(false)) return;
   constexpr std::string_view SHOW_CURSOR = "\x1b[0m\x1b[?25h";
@@ -55,6 +68,8 @@ void TTerminal::Restore() {
 
 TTerminal::TTerminal(TRunView& view, TKeyFeeder& feeder)
     : mView(view), mFeeder(feeder), mQuitFd(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+  sigset_t set = suspend_signal();
+  mSuspendFd = signalfd(-1, &set, SFD_CLOEXEC | SFD_NONBLOCK);
   enter_raw_mode();
   for (int number : FATAL_SIGNALS) ::signal(number, die_restored);
   mThread = std::thread([this] { Run(); });
@@ -64,11 +79,13 @@ TTerminal::~TTerminal() {
   uint64_t one = 1;
   [[maybe_unused]] ssize_t written = ::write(mQuitFd, &one, sizeof one);
   mThread.join();
-  ::close(mQuitFd);
+  for (int fd : {mQuitFd, mSuspendFd}) ::close(fd);
   Show();
   write_all(STDOUT_FILENO, mScreen.Leave());
   Restore();
   for (int number : FATAL_SIGNALS) ::signal(number, SIG_DFL);
+  sigset_t set = suspend_signal();
+  pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
 }
 
 void TTerminal::Run() {
@@ -76,9 +93,10 @@ void TTerminal::Run() {
 }
 
 bool TTerminal::ReadKeys(int timeoutMs) {
-  pollfd fds[2] = {{mQuitFd, POLLIN, 0}, {STDIN_FILENO, POLLIN, 0}};
-  int ready = ::poll(fds, 2, timeoutMs);
+  pollfd fds[3] = {{mQuitFd, POLLIN, 0}, {STDIN_FILENO, POLLIN, 0}, {mSuspendFd, POLLIN, 0}};
+  int ready = ::poll(fds, 3, timeoutMs);
   if (fds[0].revents != 0) return false;
+  if (ready > 0 && fds[2].revents != 0) Suspend();
   bool hasInput = ready > 0 && fds[1].revents != 0;
   if (hasInput) {
     char buffer[256];
@@ -91,7 +109,8 @@ bool TTerminal::ReadKeys(int timeoutMs) {
   // What a key sends arrives at once, so that a pause ends a sequence.
   TTerminalRequest request = terminal_keys(&mPending, !hasInput, &keys);
   if (!keys.empty()) mFeeder.Add(std::move(keys));
-  if (request == TTerminalRequest::Suspend) Suspend();
+  // The whole group stops, as if the terminal had sent it; this process when it is ready.
+  if (request == TTerminalRequest::Suspend) ::kill(0, SIGTSTP);
   return true;
 }
 
@@ -107,8 +126,10 @@ void TTerminal::Show() {
 void TTerminal::Suspend() {
   write_all(STDOUT_FILENO, mScreen.Leave());
   Restore();
-  ::kill(0, SIGTSTP);
-  // Continued.
+  // The held signal stops the process in this call; when the call returns, it was continued.
+  sigset_t set = suspend_signal();
+  pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
+  pthread_sigmask(SIG_BLOCK, &set, nullptr);
   enter_raw_mode();
   mScreen.Forget();
 }

@@ -19,13 +19,16 @@ class TTerminal {
  public:
   /// Begins. View and feeder outlive this.
   TTerminal(TRunView& view, TKeyFeeder& feeder);
-  /// Shows the last state and gives the terminal back.
+  /// Shows the last state and gives the terminal back. Requests to stop are no longer held.
   ~TTerminal();
   TTerminal(const TTerminal&) = delete;
   TTerminal& operator=(const TTerminal&) = delete;
 
   /// True if standard input and output are a terminal.
   static bool IsThere();
+  /// Keeps a request to stop (SIGTSTP) waiting until the terminal is given back. To be called
+  /// before the process starts its first thread, since threads inherit this.
+  static void HoldSuspend();
   /// Gives the terminal back as it was, from any thread or signal handler; nothing if it is.
   static void Restore();
 
@@ -40,6 +43,7 @@ class TTerminal {
   TTerminalScreen mScreen;
   std::string mPending;
   int mQuitFd;
+  int mSuspendFd;
   std::thread mThread;
 };
 
