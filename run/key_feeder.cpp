@@ -287,9 +287,11 @@ void TKeyFeeder::HandOver() {
 void TKeyFeeder::Do(const TFeedItem& item) {
   switch (item.kind) {
     case TFeedItem::TKind::Key:
+      mDown.Push(typed_key_code(item.bytes), mClock.system_time());
       mView.KeyDown(item.bytes);
       break;
     case TFeedItem::TKind::FunctionKey:
+      mDown.Push(function_key_code(item.number), mClock.system_time());
       mView.KeyDown("\x10", item.number + 1);
       break;
     case TFeedItem::TKind::Break:

@@ -12,6 +12,7 @@
 #include "common/clock.h"
 #include "common/mutex.h"
 #include "common/types.h"
+#include "run/typed_keys.h"
 
 namespace zoka {
 
@@ -64,6 +65,8 @@ class TKeyFeeder {
   /// The program looks whether there is a key. Keys of a pipe take no simulated time, so it stands
   /// still until they are there.
   void Look();
+  /// True if the key of this matrix code was handed over a moment ago.
+  bool IsKeyDown(uint8_t code) const { return mDown.IsDown(code, mClock.system_time()); }
   /// The machine is about to wait for a key, until `deadline`.
   void WaitBegins(bigtime_t deadline);
 
@@ -81,6 +84,7 @@ class TKeyFeeder {
   TClock& mClock;
   TRunView& mView;
   TWake mAdded;
+  TTypedKeys mDown;
   TMutex mMutex{TLockRank::Variables};
   std::deque<TFeedItem> mItems;  // under mMutex, like the rest
   bool mFinished = false;

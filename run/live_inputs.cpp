@@ -35,6 +35,7 @@ std::string TLiveInputs::PopKeyWithTimeout(bigtime_t timeout, TThread& machine) 
 }
 
 bool TLiveInputs::IsKeyDown(uint8_t code) {
+  if (mKeyFeeder != nullptr && mKeyFeeder->IsKeyDown(code)) return true;
   return code < KEY_MATRIX_SIZE && mHost.KeyStates().test(code);
 }
 
