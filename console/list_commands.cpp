@@ -15,7 +15,7 @@ namespace {
 /// Loads and compiles; 0 and the engine's compiled program, or the status to exit with.
 int compile_list(const TOptions& options, TConsoleEngine& engine, TCompileResult* result) {
   TWatch watch(
-      options.timeoutSeconds, [&engine] { engine.View().CancelCompile(); }, [] {});
+      options.timeoutSeconds, [&engine] { engine.View().ForceStop(); }, [] {});
   if (!engine.Load()) return EXIT_NO_LIST;
   std::string source = CreateFmtSrc(engine.Text().Get()).Text();
   *result = engine.View().CompileBasic(source.c_str());

@@ -139,6 +139,8 @@ void TRunView::StartCompile(std::string text, std::function<void()> ended) {
   FinishCompile();
   if (mDebugModel != nullptr) mDebugModel->ClearVar();
   mCancelCompile.store(false);
+  // A stop by force that came just before counts.
+  if (mStopRequested.load()) CancelCompile();
   mCompileThread = std::make_unique<TCompileThread>(*this, std::move(text), std::move(ended));
   mCompileThread->Resume();
 }
@@ -243,8 +245,8 @@ void TRunView::DrainMusic(bigtime_t tail) {
 }
 
 void TRunView::ForceStop() {
-  CancelCompile();
   mStopRequested.store(true);
+  CancelCompile();
   if (auto port = Port()) port->Terminate();
   // The machine may stand still for keys that never come.
   if (TKeyFeeder* feeder = mKeyFeeder.load()) feeder->End();

@@ -83,6 +83,12 @@ TEST(RunView, QuitEndsAWaitingProgram) {
   }
 }
 
+TEST(RunView, AStopByForceBeforeACompilationEndsItToo) {
+  TRunRig rig;
+  rig.view->ForceStop();
+  EXPECT_EQ(rig.view->CompileBasic("10 A=&O7\n"), TCompileResult::Cancelled);
+}
+
 TEST(RunView, CancelEndsACompilation) {
   TRunRig rig;
   rig.view->CancelCompile();  // before it begins it means nothing
