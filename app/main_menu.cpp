@@ -136,6 +136,9 @@ void TZokaBasicWindow::CreateEditMenu() {
   add("Find and Replace", Qt::CTRL | Qt::Key_F, [this] { mView->FindBar().Appear(); });
   add("Find Next", Qt::Key_F3, [this] { mView->FindBar().FindNext(); });
   add("Find Previous", Qt::SHIFT | Qt::Key_F3, [this] { mView->FindBar().FindPrevious(); });
+  add("Complete Word", Qt::CTRL | Qt::Key_Space, [this] { mView->Comforts().CompleteWord(); });
+  add("Go to Definition", Qt::Key_F12, [this] { mView->Comforts().GoToDefinition(); });
+  add("Go Back", Qt::ALT | Qt::Key_Left, [this] { mView->Comforts().GoBack(); });
   add("Larger Text", Qt::CTRL | Qt::Key_Plus, [this] { mView->Edit().zoomIn(); });
   add("Smaller Text", Qt::CTRL | Qt::Key_Minus, [this] { mView->Edit().zoomOut(); });
   add("Normal Text Size", Qt::CTRL | Qt::Key_0, [this] { mView->Edit().zoomTo(0); });
@@ -163,6 +166,9 @@ void TZokaBasicWindow::CreateHelpMenu() {
   };
   QMenu* const menu = AddMenu(new QMenu(menuBar()), "Help", "H");
   AddRows(menu, rows, std::size(rows));
+  QAction* const words = menu->addAction(localized(Engine(), "Words of the Language"));
+  words->setShortcut(Qt::Key_F1);
+  connect(words, &QAction::triggered, this, [this] { mView->Comforts().ShowKeywordHelp(); });
   CreateSamplesMenu(menu->addMenu(localized(Engine(), "Samples")));
 }
 

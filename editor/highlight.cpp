@@ -53,16 +53,6 @@ const std::unordered_map<std::string_view, TTextStyle>& word_table() {
   return TABLE;
 }
 
-/// Where the next statement of DATA's line begins: behind a colon outside of quotes.
-size_t data_length(std::string_view text) {
-  bool quoted = false;
-  for (size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '"') quoted = !quoted;
-    if (text[i] == ':' && !quoted) return i;
-  }
-  return text.size();
-}
-
 /// The walk over one line.
 class TLineReader {
  public:
@@ -150,6 +140,15 @@ class TLineReader {
 };
 
 }  // namespace
+
+size_t data_length(std::string_view text) {
+  bool quoted = false;
+  for (size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '"') quoted = !quoted;
+    if (text[i] == ':' && !quoted) return i;
+  }
+  return text.size();
+}
 
 size_t word_length(std::string_view text) {
   if (text.empty() || (!is_letter(text[0]) && text[0] != '_')) return 0;

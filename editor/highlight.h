@@ -31,6 +31,9 @@ TTextStyle style_of_word(std::string_view word);
 /// All words of the language, in upper case, sorted.
 const std::vector<std::string_view>& language_words();
 
+/// Length of DATA's items, from behind the word to the colon outside of quotes, or to the end.
+size_t data_length(std::string_view text);
+
 /// Length of the word at the start of `text`, 0 if none begins there. Type characters, "." and "@"
 /// belong to it.
 size_t word_length(std::string_view text);

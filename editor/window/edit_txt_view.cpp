@@ -6,6 +6,7 @@
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <algorithm>
 #include <set>
 
 namespace zoka {
@@ -13,6 +14,7 @@ namespace {
 
 constexpr int NUMBER_MARGIN = 0;
 constexpr int MARK_MARGIN = 1;
+constexpr int MIN_NUMBER_DIGITS = 4;
 constexpr int MARK_MARGIN_WIDTH = 14;
 constexpr int FAULT_MARK = 1;
 constexpr int FAULT_LINE_MARK = 2;
@@ -108,6 +110,8 @@ TEditTxtView::TEditTxtView(QWidget* parent) : QsciScintilla(parent), mLexer(new 
     MarkFault(-1);
     if (mCalls.edited) mCalls.edited();
   });
+  connect(this, &QsciScintilla::linesChanged, this, [this] { FitNumberMargin(); });
+  connect(this, &QsciScintillaBase::SCN_ZOOM, this, [this] { FitNumberMargin(); });
 }
 
 void TEditTxtView::SetKeys() {
@@ -122,35 +126,40 @@ void TEditTxtView::SetKeys() {
 
 void TEditTxtView::SetMarks() {
   setMarginType(NUMBER_MARGIN, NumberMargin);
-  setMarginWidth(NUMBER_MARGIN, "00000");
+  FitNumberMargin();
   setMarginType(MARK_MARGIN, SymbolMargin);
   setMarginWidth(MARK_MARGIN, MARK_MARGIN_WIDTH);
   setMarginMarkerMask(MARK_MARGIN, 1 << FAULT_MARK);
   markerDefine(RightArrow, FAULT_MARK);
   markerDefine(Background, FAULT_LINE_MARK);
+  indicatorDefine(SquiggleIndicator, UNDEFINED_INDICATOR);
 }
 
 void TEditTxtView::ApplyColours() {
-  const bool dark = palette().color(QPalette::Base).lightness() < 128;
-  const TEditColours& colours = edit_colours(dark);
-  mLexer->SetDark(dark);
+  const TEditTheme theme = edit_theme(palette());
+  const TEditColours& colours = edit_colours(theme);
+  mLexer->SetTheme(theme);
   mLexer->setDefaultPaper(colours.paper);
   mLexer->setDefaultColor(colours.text[0]);
   for (int style = 0; style < TEXT_STYLE_COUNT; ++style) {
     mLexer->setColor(mLexer->defaultColor(style), style);
     mLexer->setPaper(colours.paper, style);
   }
-  setPaper(colours.paper);
-  setColor(colours.text[0]);
+  // The empty part of the view has a style of its own, which the lexer sets only once.
+  SendScintilla(SCI_STYLESETBACK, STYLE_DEFAULT, colours.paper);
+  SendScintilla(SCI_STYLESETFORE, STYLE_DEFAULT, colours.text[0]);
   setCaretForegroundColor(colours.text[0]);
   setCaretLineBackgroundColor(colours.currentLine);
+  setSelectionBackgroundColor(colours.selection);
+  setSelectionForegroundColor(colours.selectedText);
   setMarginsBackgroundColor(colours.margin);
   setMarginsForegroundColor(colours.marginText);
-  setMarkerBackgroundColor(colours.error, FAULT_LINE_MARK);
-  setMarkerBackgroundColor(QColor(0xD0, 0x30, 0x20), FAULT_MARK);
-  setMarkerForegroundColor(QColor(0xD0, 0x30, 0x20), FAULT_MARK);
-  setMatchedBraceBackgroundColor(colours.currentLine.darker(dark ? 60 : 115));
+  setMarkerBackgroundColor(colours.fault, FAULT_LINE_MARK);
+  setMarkerBackgroundColor(colours.faultMark, FAULT_MARK);
+  setMarkerForegroundColor(colours.faultMark, FAULT_MARK);
+  setMatchedBraceBackgroundColor(colours.brace);
   setMatchedBraceForegroundColor(colours.text[0]);
+  setIndicatorForegroundColor(colours.undefined, UNDEFINED_INDICATOR);
 }
 
 void TEditTxtView::SetFontFamilyAndSize(const std::string& family, float points) {
@@ -159,7 +168,12 @@ void TEditTxtView::SetFontFamilyAndSize(const std::string& family, float points)
   mLexer->setDefaultFont(font);
   for (int style = 0; style < TEXT_STYLE_COUNT; ++style) mLexer->setFont(font, style);
   setMarginsFont(font);
-  setMarginWidth(NUMBER_MARGIN, "00000");
+  FitNumberMargin();
+}
+
+void TEditTxtView::FitNumberMargin() {
+  const int digits = static_cast<int>(std::to_string(lines()).size());
+  setMarginWidth(NUMBER_MARGIN, QString(std::max(digits, MIN_NUMBER_DIGITS) + 1, '0'));
 }
 
 void TEditTxtView::SetWordWrap(bool wrap) {
@@ -224,15 +238,6 @@ int TEditTxtView::FaultLine() const {
 
 void TEditTxtView::ClearSelection() {
   SendScintilla(SCI_REPLACESEL, "");
-}
-
-std::string TEditTxtView::WordAtCursor() const {
-  const long position = SendScintilla(SCI_GETCURRENTPOS);
-  const auto begin = static_cast<size_t>(
-      SendScintilla(SCI_WORDSTARTPOSITION, static_cast<unsigned long>(position), 1L));
-  const auto end = static_cast<size_t>(
-      SendScintilla(SCI_WORDENDPOSITION, static_cast<unsigned long>(position), 1L));
-  return Get().substr(begin, end - begin);
 }
 
 void TEditTxtView::keyPressEvent(QKeyEvent* event) {

@@ -13,6 +13,9 @@
 
 namespace zoka {
 
+/// The indicator under jumps that lead nowhere.
+constexpr int UNDEFINED_INDICATOR = 8;
+
 /// What the editor tells; all are set before it is used.
 struct TEditCalls {
   /// The user, or an insertion, has changed the text.
@@ -44,8 +47,6 @@ class TEditTxtView final : public QsciScintilla, public TEditText {
   int FaultLine() const;
   /// Deletes the selection.
   void ClearSelection();
-  /// The keyword, name or number under the cursor.
-  std::string WordAtCursor() const;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -58,6 +59,8 @@ class TEditTxtView final : public QsciScintilla, public TEditText {
   void SetKeys();
   void SetMarks();
   void ApplyColours();
+  /// As many digits as the last line has, in the present size of the font.
+  void FitNumberMargin();
 
   TEditCalls mCalls;
   TListLexer* mLexer;

@@ -1,39 +1,13 @@
-// Colours of the editor.
+// Gives bytes their styles.
 #include "editor/window/list_lexer.h"
 
 #include <Qsci/qsciscintilla.h>
 
+#include <array>
 #include <string>
+#include <vector>
 
 namespace zoka {
-namespace {
-
-const TEditColours LIGHT{
-    {QColor(0x1A, 0x1A, 0x1A), QColor(0x5F, 0x5F, 0x5F), QColor(0x00, 0x3E, 0xAA),
-     QColor(0x7A, 0x1F, 0x8C), QColor(0x00, 0x5F, 0x66), QColor(0x9A, 0x2A, 0x00),
-     QColor(0x2C, 0x66, 0x2C), QColor(0x8A, 0x4B, 0x00), QColor(0x33, 0x33, 0x33)},
-    QColor(0xFF, 0xFF, 0xFF),
-    QColor(0xF2, 0xF5, 0xFA),
-    QColor(0xF0, 0xF0, 0xF0),
-    QColor(0x5F, 0x5F, 0x5F),
-    QColor(0xFF, 0xD8, 0xD2)};
-
-const TEditColours DARK{
-    {QColor(0xE4, 0xE4, 0xE4), QColor(0xA0, 0xA4, 0xAA), QColor(0x82, 0xB4, 0xFF),
-     QColor(0xD6, 0xA4, 0xF0), QColor(0x7A, 0xD8, 0xD0), QColor(0xF2, 0xA9, 0x80),
-     QColor(0x8F, 0xC9, 0x8F), QColor(0xE6, 0xC0, 0x6C), QColor(0xCC, 0xCC, 0xCC)},
-    QColor(0x1E, 0x1F, 0x22),
-    QColor(0x2A, 0x2D, 0x33),
-    QColor(0x27, 0x28, 0x2C),
-    QColor(0xA0, 0xA4, 0xAA),
-    QColor(0x5A, 0x24, 0x24)};
-
-}  // namespace
-
-const TEditColours& edit_colours(bool dark) {
-  return dark ? DARK : LIGHT;
-}
-
 TListLexer::TListLexer(QsciScintilla* parent) : QsciLexerCustom(parent) {}
 
 QString TListLexer::description(int style) const {
@@ -46,12 +20,12 @@ QString TListLexer::description(int style) const {
 
 QColor TListLexer::defaultColor(int style) const {
   const auto at = static_cast<size_t>(style);
-  const TEditColours& colours = edit_colours(mDark);
+  const TEditColours& colours = edit_colours(mTheme);
   return colours.text[at < colours.text.size() ? at : 0];
 }
 
 QColor TListLexer::defaultPaper(int) const {
-  return edit_colours(mDark).paper;
+  return edit_colours(mTheme).paper;
 }
 
 const char* TListLexer::wordCharacters() const {

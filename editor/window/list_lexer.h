@@ -3,25 +3,9 @@
 
 #include <Qsci/qscilexercustom.h>
 
-#include <QColor>
-#include <array>
-
-#include "editor/highlight.h"
+#include "editor/window/edit_colours.h"
 
 namespace zoka {
-
-/// The colours of the editor under one palette. All texts have a contrast of 4.5 to 1 or more
-/// against the paper, the current line and the selection.
-struct TEditColours {
-  std::array<QColor, TEXT_STYLE_COUNT> text;
-  QColor paper;
-  QColor currentLine;
-  QColor margin;
-  QColor marginText;
-  QColor error;
-};
-
-const TEditColours& edit_colours(bool dark);
 
 /// Owned by the editor that it is given to.
 class TListLexer final : public QsciLexerCustom {
@@ -36,10 +20,10 @@ class TListLexer final : public QsciLexerCustom {
   /// Word wrapping and completion need no characters of their own.
   const char* wordCharacters() const override;
 
-  void SetDark(bool dark) { mDark = dark; }
+  void SetTheme(TEditTheme theme) { mTheme = theme; }
 
  private:
-  bool mDark = false;
+  TEditTheme mTheme = TEditTheme::Light;
 };
 
 }  // namespace zoka

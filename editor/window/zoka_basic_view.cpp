@@ -42,7 +42,8 @@ TZokaBasicView::TZokaBasicView(TBasicWindow& window, TEngineContext& context,
       mStatBar(new QLabel(this)),
       mSlot(place),
       mDocument(context, *runWindow.RunView(), *mEdit, *this),
-      mRequests(context, registry, mDocument, *mEdit, *this) {
+      mRequests(context, registry, mDocument, *mEdit, *this),
+      mComforts(*mEdit, context, [this](const std::string& text) { SetStatBarStr(text); }) {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
@@ -246,6 +247,7 @@ void TZokaBasicView::LanguageChanged() {
   mEdit->setAccessibleName(QString::fromStdString(GetString("Program List")));
   mStatBar->setAccessibleName(QString::fromStdString(GetString("Status")));
   mFindBar->SetLabels();
+  mComforts.SetLabels();
   SetWinTitle();
   SetStatBarStr("");
 }

@@ -11,6 +11,7 @@
 #include "editor/auto_save.h"
 #include "editor/list_document.h"
 #include "editor/list_requests.h"
+#include "editor/window/edit_comforts.h"
 #include "editor/window/edit_txt_view.h"
 #include "editor/window/find_bar.h"
 #include "run/window/run_window.h"
@@ -50,6 +51,7 @@ class TZokaBasicView final : public TBasicView, private TDocumentHost, private T
   TListRequests& Requests() { return mRequests; }
   TEditTxtView& Edit() { return *mEdit; }
   TFindBar& FindBar() { return *mFindBar; }
+  TEditComforts& Comforts() { return mComforts; }
 
  private:
   void SetWinTitle() override;
@@ -81,6 +83,7 @@ class TZokaBasicView final : public TBasicView, private TDocumentHost, private T
   TAutoSaveSlot mSlot;
   TListDocument mDocument;
   TListRequests mRequests;
+  TEditComforts mComforts;
   QTimer mJournalTimer;
   QTimer mAutoSaveTimer;
   QTimer mNextRun;  // a program's wish for another run, soon to be fulfilled

@@ -4,8 +4,6 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QTimer>
-#include <algorithm>
-#include <cmath>
 #include <filesystem>
 
 #include "tests/window/window_rig.h"
@@ -298,35 +296,6 @@ TEST_F(TMainWindowTest, EveryMenuTextAndControlHasANameInBothLanguages) {
       EXPECT_FALSE(field->accessibleName().isEmpty());
     }
     EXPECT_FALSE(Edit().accessibleName().isEmpty());
-  }
-}
-
-/// Relative luminance and contrast as the guidelines for accessible pages define them.
-double luminance(const QColor& colour) {
-  const auto part = [](double v) {
-    return v <= 0.03928 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * part(static_cast<double>(colour.redF())) +
-         0.7152 * part(static_cast<double>(colour.greenF())) +
-         0.0722 * part(static_cast<double>(colour.blueF()));
-}
-
-double contrast(const QColor& a, const QColor& b) {
-  const double high = std::max(luminance(a), luminance(b));
-  const double low = std::min(luminance(a), luminance(b));
-  return (high + 0.05) / (low + 0.05);
-}
-
-TEST(EditColours, TextStandsOutFromEveryPaper) {
-  for (const bool dark : {false, true}) {
-    const TEditColours& colours = edit_colours(dark);
-    for (const QColor& text : colours.text) {
-      for (const QColor& paper : {colours.paper, colours.currentLine, colours.error}) {
-        EXPECT_GE(contrast(text, paper), 4.5)
-            << dark << " " << text.name().toStdString() << " on " << paper.name().toStdString();
-      }
-    }
-    EXPECT_GE(contrast(colours.marginText, colours.margin), 4.5);
   }
 }
 

@@ -1,0 +1,43 @@
+// The help on the words of the language: one data file, docs/help/keywords.txt, with the texts of
+// all languages, compiled in. How it is shown is the window's.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "common/catalogue.h"
+
+namespace zoka {
+
+/// The help on one word.
+struct TKeywordHelp {
+  std::string word;    // as in the table of keywords
+  std::string syntax;  // the same in every language
+  std::string english;
+  std::string japanese;
+
+  const std::string& Text(TLanguage language) const {
+    return language == TLanguage::Japanese ? japanese : english;
+  }
+};
+
+/// Reads the data: a word on a line of its own, then indented by a tab the syntax, the English and
+/// the Japanese text. Empty lines and those that begin with "//" are skipped; an entry that is not
+/// whole is left out.
+std::vector<TKeywordHelp> parse_keyword_help(std::string_view source);
+
+/// The entries of all words, sorted by word. Read once a process.
+const std::vector<TKeywordHelp>& keyword_help_entries();
+
+/// The help on a word, whatever its case; null for a word that is none of the language's.
+const TKeywordHelp* find_keyword_help(std::string_view word);
+
+/// The first sentence of a text.
+std::string_view first_sentence(std::string_view text);
+
+/// The word of the language at a byte of a line, the end of the word included: in upper case, empty
+/// if there is none. Words in strings, comments and DATA are none.
+std::string keyword_at(std::string_view line, size_t column);
+
+}  // namespace zoka
