@@ -139,7 +139,8 @@ bool TCompletionPopup::KeyPressed(const QKeyEvent& event) {
 }
 
 bool TCompletionPopup::eventFilter(QObject* object, QEvent* event) {
-  if (!isVisible()) return QListWidget::eventFilter(object, event);
+  // The list watches parts of its own, too.
+  if (object != &mEdit || !isVisible()) return QListWidget::eventFilter(object, event);
   if (event->type() == QEvent::KeyPress) {
     const auto& key = static_cast<const QKeyEvent&>(*event);
     const bool plain = (key.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == 0;
@@ -153,11 +154,14 @@ bool TCompletionPopup::eventFilter(QObject* object, QEvent* event) {
 void TCompletionPopup::Moved(int updated) {
   if (!isVisible()) return;
   const bool scrolled = (updated & (S::SC_UPDATE_V_SCROLL | S::SC_UPDATE_H_SCROLL)) != 0;
-  const int64_t begin = mBegin;
-  if (!scrolled && edit_call(mEdit, S::SCI_GETCURRENTPOS) == mEnd) return;
-  if (!scrolled) Update(true);
-  // The cursor has left the word.
-  if (scrolled || mBegin != begin) hide();
+  if (edit_call(mEdit, S::SCI_GETCURRENTPOS) != mEnd) {
+    const int64_t begin = mBegin;
+    Update(true);
+    // The cursor has left the word.
+    if (mBegin != begin) hide();
+  } else if (scrolled) {
+    Place();
+  }
 }
 
 }  // namespace zoka

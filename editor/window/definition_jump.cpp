@@ -38,7 +38,7 @@ TJumpOutcome TDefinitionJump::GoToDefinition() {
 TJumpOutcome TDefinitionJump::GoToDefinitionOf(const TPlaceName& target) {
   const int64_t line = mWatch.Index().DefinitionOf(target);
   if (line < 0) return TJumpOutcome::Undefined;
-  mHistory.Leave(place_of(mEdit, edit_call(mEdit, S::SCI_GETCURRENTPOS)));
+  mHistory.Leave(edit_call(mEdit, S::SCI_GETCURRENTPOS));
   int64_t column = 0;
   for (const TPlaceName& label : mWatch.Index().Facts(static_cast<size_t>(line)).labels) {
     if (target.IsLabel() && label.label == target.label) {
@@ -52,7 +52,7 @@ TJumpOutcome TDefinitionJump::GoToDefinitionOf(const TPlaceName& target) {
 TJumpOutcome TDefinitionJump::GoBack() {
   const auto place = mHistory.Back();
   if (!place) return TJumpOutcome::NoWayBack;
-  mEdit.GoToOffset(static_cast<size_t>(position_of(mEdit, *place)));
+  mEdit.GoToOffset(static_cast<size_t>(*place));
   return TJumpOutcome::Gone;
 }
 

@@ -28,12 +28,8 @@ class TDefinitionJump final : public QObject {
   TJumpOutcome GoToDefinition();
   /// To where the cursor was before.
   TJumpOutcome GoBack();
-  /// Keeps the way back when lines come and go.
-  void LinesReplaced(int64_t first, int64_t removed, int64_t added) {
-    mHistory.LinesReplaced(first, removed, added);
-  }
-  /// Forgets the way back: the text is another one.
-  void Clear() { mHistory.Clear(); }
+  /// Keeps the way back up when text comes and goes.
+  TJumpHistory& History() { return mHistory; }
 
   /// The target at a place, or null; it stands until the text changes.
   const TPlaceName* TargetAt(const TListPlace& place) const;

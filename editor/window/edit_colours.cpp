@@ -33,9 +33,9 @@ const TEditColours DARK{{0xFFE4E4E4, 0xFFA0A4AA, 0xFF82B4FF, 0xFFD6A4F0, 0xFF7AD
                         0xFFE05A4A,
                         0xFF27282C,
                         0xFFA0A4AA,
-                        0xFF2F65C0,
+                        0xFF3369C8,
                         0xFFFFFFFF,
-                        0xFF2F3B52,
+                        0xFF2C374D,
                         0xFFFF6B6B};
 
 const TEditColours CONTRAST{{0xFFFFFFFF, 0xFFD8D8D8, 0xFF7FCBFF, 0xFFFFA8FF, 0xFF7FFFFF, 0xFFFFC878,

@@ -19,10 +19,12 @@ TEditComforts::TEditComforts(TEditTxtView& edit, const TEngineContext& context,
       mHover(edit, mWatch, mJump, context),
       mCompletion(new TCompletionPopup(edit, mWatch)),
       mKeywords(new TKeywordWindow(&edit, context)) {
-  mWatch.SetLinesReplaced([this](int64_t first, int64_t removed, int64_t added) {
-    mJump.LinesReplaced(first, removed, added);
+  mWatch.SetChanged([this](int64_t place, int64_t length) {
+    TJumpHistory& history = mJump.History();
+    if (length > 0) history.Inserted(place, length);
+    if (length < 0) history.Deleted(place, -length);
     // Another list begins with an empty one.
-    if (mWatch.Index().LineCount() == 1 && mWatch.Line(0).empty()) mJump.Clear();
+    if (mWatch.Index().LineCount() == 1 && mWatch.Line(0).empty()) history.Clear();
   });
   mJump.SetClicked(
       [this](TJumpOutcome outcome, const TPlaceName& target) { ShowOutcome(outcome, &target); });

@@ -40,7 +40,6 @@ TKeywordWindow::TKeywordWindow(QWidget* parent, const TEngineContext& context)
   grid->setColumnStretch(1, 1);
   mLabel->setBuddy(mWanted);
   mWords->setFixedWidth(LIST_WIDTH);
-  mWanted->setClearButtonEnabled(true);
   mWanted->installEventFilter(this);
   resize(WIDTH, HEIGHT);
   for (const TKeywordHelp& help : keyword_help_entries()) mWords->addItem(text_of(help.word));

@@ -26,8 +26,8 @@ int64_t position_of(const TEditTxtView& edit, const TListPlace& place) {
 TListWatch::TListWatch(TEditTxtView& edit) : mEdit(edit) {
   mIndex.SetText(mEdit.Get());
   connect(&mEdit, &QsciScintillaBase::SCN_MODIFIED, this,
-          [this](int position, int type, const char*, int, int linesAdded) {
-            Modified(position, type, linesAdded);
+          [this](int position, int type, const char*, int length, int linesAdded) {
+            Modified(position, type, length, linesAdded);
           });
 }
 
@@ -41,21 +41,25 @@ std::string_view TListWatch::Line(int64_t line) const {
   return {bytes, static_cast<size_t>(end - begin)};
 }
 
-void TListWatch::Modified(int position, int type, int linesAdded) {
+void TListWatch::Modified(int position, int type, int length, int linesAdded) {
   if ((type & (S::SC_MOD_INSERTTEXT | S::SC_MOD_DELETETEXT)) == 0) return;
+  UpdateLines(position, linesAdded);
+  if (mChanged) mChanged(position, (type & S::SC_MOD_INSERTTEXT) != 0 ? length : -length);
+}
+
+void TListWatch::UpdateLines(int position, int linesAdded) {
   const int64_t first = edit_call(mEdit, S::SCI_LINEFROMPOSITION, position);
   const int64_t added = std::max(linesAdded, 0) + 1;
   const int64_t removed = std::max(-linesAdded, 0) + 1;
-  const auto count = static_cast<int64_t>(edit_call(mEdit, S::SCI_GETLINECOUNT));
+  const int64_t count = edit_call(mEdit, S::SCI_GETLINECOUNT);
   if (static_cast<int64_t>(mIndex.LineCount()) + added - removed != count) {
-    mIndex.SetText(mEdit.Get());
-  } else {
-    std::vector<std::string> texts;
-    for (int64_t i = 0; i < added; ++i) texts.emplace_back(Line(first + i));
-    mIndex.ReplaceLines(static_cast<size_t>(first), static_cast<size_t>(removed),
-                        {texts.begin(), texts.end()});
+    return mIndex.SetText(mEdit.Get());
   }
-  if (mReplaced) mReplaced(first, removed, added);
+  // Copies: a look at the next line may move the bytes of this one.
+  std::vector<std::string> texts;
+  for (int64_t i = 0; i < added; ++i) texts.emplace_back(Line(first + i));
+  mIndex.ReplaceLines(static_cast<size_t>(first), static_cast<size_t>(removed),
+                      {texts.begin(), texts.end()});
 }
 
 }  // namespace zoka

@@ -1,12 +1,11 @@
 // TListWatch: keeps the index of the list equal to the editor's text, change by change, and tells
-// of changed lines.
+// of the changes.
 #pragma once
 
 #include <QObject>
 #include <functional>
 #include <vector>
 
-#include "editor/jump_history.h"
 #include "editor/list_index.h"
 #include "editor/window/edit_txt_view.h"
 
@@ -15,29 +14,37 @@ namespace zoka {
 /// Window thread.
 class TListWatch final : public QObject {
  public:
-  /// `removed` lines from `first` on have become `added`.
-  using TLinesReplaced = std::function<void(int64_t first, int64_t removed, int64_t added)>;
+  /// So many bytes at a place were put in, or, if negative, taken out; the index knows of it.
+  using TChanged = std::function<void(int64_t place, int64_t length)>;
 
   /// `edit` outlives it.
   explicit TListWatch(TEditTxtView& edit);
 
   const TListIndex& Index() const { return mIndex; }
-  void SetLinesReplaced(TLinesReplaced replaced) { mReplaced = std::move(replaced); }
+  void SetChanged(TChanged changed) { mChanged = std::move(changed); }
 
   /// The bytes of a line without its end; they stand until the text changes.
   std::string_view Line(int64_t line) const;
 
  private:
-  void Modified(int position, int type, int linesAdded);
+  void Modified(int position, int type, int length, int linesAdded);
+  void UpdateLines(int position, int linesAdded);
 
   TEditTxtView& mEdit;
   TListIndex mIndex;
-  TLinesReplaced mReplaced;
+  TChanged mChanged;
 };
 
 /// A call of the component with a place in the text, by its number.
 long edit_call(const TEditTxtView& edit, unsigned int message, int64_t place = 0,
                int64_t second = 0);
+
+/// A place in the list: a line from 0, and a byte in it.
+struct TListPlace {
+  int64_t line = 0;
+  int64_t column = 0;
+  bool operator==(const TListPlace&) const = default;
+};
 
 /// The place of a byte of the text, and the byte of a place.
 TListPlace place_of(const TEditTxtView& edit, int64_t position);
