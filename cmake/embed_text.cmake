@@ -1,5 +1,4 @@
-# Script: writes OUTPUT, a C++ file that holds the text of INPUT as the constant NAME of the project's
-# namespace.
+# Script: writes OUTPUT, a C++ file that holds the text of INPUT as the constant NAME.
 file(READ ${INPUT} text)
 # Compilers limit a literal's length, so it is cut into pieces that are joined by the compiler.
 string(REPLACE "\n" "\n)zoka\"\n    R\"zoka(" text "${text}")

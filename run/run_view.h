@@ -77,8 +77,8 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   /// Waits until the music of an ended program has sounded and then for `tail` microseconds. After
   /// ForceStop it silences the music instead.
   void DrainMusic(bigtime_t tail);
-  /// Asks the machine and the compiler to end at once, as by force; does not wait. It holds also for
-  /// what is started later: the process is about to end. Any thread.
+  /// Asks the machine and the compiler to end at once, as by force; does not wait. It also holds
+  /// for what is started later: the process is about to end. Any thread.
   void ForceStop();
 
   /// Where debugged runs report to; null for none. Set between runs; not owned, outlives the view.
