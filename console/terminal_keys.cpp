@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "common/text/utf8.h"
+#include "run/screen/host_keys.h"
 
 namespace zoka {
 namespace {
@@ -13,9 +14,7 @@ constexpr char CTRL_C = 0x03;
 constexpr char CTRL_Z = 0x1A;
 constexpr char ESCAPE = 0x1B;
 constexpr char RETURN_BYTE = 0x0D;
-constexpr char LINE_FEED = 0x0A;
 constexpr char ERASE_BYTE = 0x7F;
-constexpr char PLATFORM_BACKSPACE = 0x08;
 
 /// A sequence behind ESC: either a byte of the platform, or a function key.
 struct TSequence {
@@ -24,14 +23,45 @@ struct TSequence {
   int32_t functionKey;
 };
 constexpr TSequence SEQUENCES[] = {
-    {"[A", 0x1E, 0},  {"[B", 0x1F, 0},  {"[C", 0x1D, 0},  {"[D", 0x1C, 0},  {"OA", 0x1E, 0},
-    {"OB", 0x1F, 0},  {"OC", 0x1D, 0},  {"OD", 0x1C, 0},  {"[H", 0x01, 0},  {"OH", 0x01, 0},
-    {"[1~", 0x01, 0}, {"[7~", 0x01, 0}, {"[F", 0x04, 0},  {"OF", 0x04, 0},  {"[4~", 0x04, 0},
-    {"[8~", 0x04, 0}, {"[2~", 0x05, 0}, {"[3~", 0x7F, 0}, {"[5~", 0x0B, 0}, {"[6~", 0x0C, 0},
-    {"OP", 0, 1},     {"OQ", 0, 2},     {"OR", 0, 3},     {"OS", 0, 4},     {"[[A", 0, 1},
-    {"[[B", 0, 2},    {"[[C", 0, 3},    {"[[D", 0, 4},    {"[[E", 0, 5},    {"[11~", 0, 1},
-    {"[12~", 0, 2},   {"[13~", 0, 3},   {"[14~", 0, 4},   {"[15~", 0, 5},   {"[17~", 0, 6},
-    {"[18~", 0, 7},   {"[19~", 0, 8},   {"[20~", 0, 9},   {"[21~", 0, 10},
+    {"[A", HOST_KEY_UP, 0},
+    {"[B", HOST_KEY_DOWN, 0},
+    {"[C", HOST_KEY_RIGHT, 0},
+    {"[D", HOST_KEY_LEFT, 0},
+    {"OA", HOST_KEY_UP, 0},
+    {"OB", HOST_KEY_DOWN, 0},
+    {"OC", HOST_KEY_RIGHT, 0},
+    {"OD", HOST_KEY_LEFT, 0},
+    {"[H", HOST_KEY_HOME, 0},
+    {"OH", HOST_KEY_HOME, 0},
+    {"[1~", HOST_KEY_HOME, 0},
+    {"[7~", HOST_KEY_HOME, 0},
+    {"[F", HOST_KEY_END, 0},
+    {"OF", HOST_KEY_END, 0},
+    {"[4~", HOST_KEY_END, 0},
+    {"[8~", HOST_KEY_END, 0},
+    {"[2~", HOST_KEY_INSERT, 0},
+    {"[3~", HOST_KEY_DELETE, 0},
+    {"[5~", HOST_KEY_PAGE_UP, 0},
+    {"[6~", HOST_KEY_PAGE_DOWN, 0},
+    {"OP", 0, 1},
+    {"OQ", 0, 2},
+    {"OR", 0, 3},
+    {"OS", 0, 4},
+    {"[[A", 0, 1},
+    {"[[B", 0, 2},
+    {"[[C", 0, 3},
+    {"[[D", 0, 4},
+    {"[[E", 0, 5},
+    {"[11~", 0, 1},
+    {"[12~", 0, 2},
+    {"[13~", 0, 3},
+    {"[14~", 0, 4},
+    {"[15~", 0, 5},
+    {"[17~", 0, 6},
+    {"[18~", 0, 7},
+    {"[19~", 0, 8},
+    {"[20~", 0, 9},
+    {"[21~", 0, 10},
 };
 
 TFeedItem key_item(std::string bytes) {
@@ -81,8 +111,8 @@ size_t take_character(std::string_view bytes, bool isComplete, std::deque<TFeedI
   if (length > bytes.size() && !isComplete) return 0;
   length = std::min(length, bytes.size());
   std::string key(bytes.substr(0, length));
-  if (key[0] == RETURN_BYTE) key[0] = LINE_FEED;
-  if (key[0] == ERASE_BYTE) key[0] = PLATFORM_BACKSPACE;
+  if (key[0] == RETURN_BYTE) key[0] = HOST_KEY_ENTER;
+  if (key[0] == ERASE_BYTE) key[0] = HOST_KEY_BACKSPACE;
   keys->push_back(key_item(std::move(key)));
   return length;
 }

@@ -7,6 +7,7 @@
 
 #include "common/text/utf8.h"
 #include "run/run_view.h"
+#include "run/screen/host_keys.h"
 
 namespace zoka {
 namespace {
@@ -17,8 +18,10 @@ struct TNamedKey {
   char byte;
 };
 constexpr TNamedKey NAMED_KEYS[] = {
-    {"LEFT", 0x1C}, {"RIGHT", 0x1D}, {"UP", 0x1E}, {"DOWN", 0x1F}, {"HOME", 0x01}, {"END", 0x04},
-    {"INS", 0x05},  {"DEL", 0x7F},   {"BS", 0x08}, {"ESC", 0x1B},  {"PGUP", 0x0B}, {"PGDN", 0x0C},
+    {"LEFT", HOST_KEY_LEFT},  {"RIGHT", HOST_KEY_RIGHT},  {"UP", HOST_KEY_UP},
+    {"DOWN", HOST_KEY_DOWN},  {"HOME", HOST_KEY_HOME},    {"END", HOST_KEY_END},
+    {"INS", HOST_KEY_INSERT}, {"DEL", HOST_KEY_DELETE},   {"BS", HOST_KEY_BACKSPACE},
+    {"ESC", HOST_KEY_ESCAPE}, {"PGUP", HOST_KEY_PAGE_UP}, {"PGDN", HOST_KEY_PAGE_DOWN},
 };
 
 struct TNamedMouse {
@@ -31,7 +34,6 @@ constexpr TNamedMouse NAMED_MOUSE[] = {
     {"RUP", TFeedItem::TKind::RightUp},
 };
 
-constexpr int MAX_FUNCTION_KEY = 10;
 constexpr bigtime_t MICROSECONDS_PER_MS = 1000;
 /// How long a run goes before its first key, unless it asks for one; microseconds.
 constexpr bigtime_t FIRST_KEY_DELAY = 20'000;
@@ -67,7 +69,7 @@ bool parse_name(std::string_view name, TFeedItem* item) {
     return true;
   }
   int64_t number = 0;
-  if (name.starts_with('F') && parse_number(name.substr(1), 1, MAX_FUNCTION_KEY, &number)) {
+  if (name.starts_with('F') && parse_number(name.substr(1), 1, FUNC_KEY_COUNT, &number)) {
     item->kind = TFeedItem::TKind::FunctionKey;
     item->number = static_cast<int32_t>(number);
     return true;
@@ -95,7 +97,7 @@ bool parse_name(std::string_view name, TFeedItem* item) {
 bool parse_special(std::string_view text, size_t* pos, TFeedItem* item) {
   std::string_view rest = text.substr(*pos);
   if (rest.starts_with("\\r") || rest.starts_with("\\n")) {
-    item->bytes = "\x0A";
+    item->bytes = std::string(1, HOST_KEY_ENTER);
     *pos += 2;
     return true;
   }
@@ -127,7 +129,7 @@ bool parse_key_text(std::string_view text, std::deque<TFeedItem>* items, std::st
       std::string_view rest = text.substr(pos);
       size_t bytes = std::max<size_t>(char_length(rest), 1);
       bool isNewLine = rest[0] == '\n' || rest[0] == '\r';
-      item.bytes = isNewLine ? std::string("\x0A") : std::string(rest.substr(0, bytes));
+      item.bytes = isNewLine ? std::string(1, HOST_KEY_ENTER) : std::string(rest.substr(0, bytes));
       pos += bytes;
     }
     items->push_back(std::move(item));
@@ -292,7 +294,8 @@ void TKeyFeeder::Do(const TFeedItem& item) {
       break;
     case TFeedItem::TKind::FunctionKey:
       mDown.Push(function_key_code(item.number), mClock.system_time());
-      mView.KeyDown("\x10", item.number + 1);
+      mView.KeyDown(std::string_view(&HOST_KEY_FUNCTION, 1),
+                    FIRST_FUNCTION_KEY_CODE + item.number - 1);
       break;
     case TFeedItem::TKind::Break:
       mView.CtrlKeyDown('C');

@@ -26,9 +26,6 @@ void TRunHost::CapturePointer(bool) {}
 int64_t TRunHost::FreeMemoryKBytes() const {
   return free_memory_kbytes();
 }
-void TRunHost::MidiMenuRebuild() {}
-void TRunHost::MidiMenuUpdate(int32_t) {}
-void TRunHost::SavePrefs() {}
 void TRunHost::RunEnded(int64_t, int32_t, const TMessage*) {}
 
 int64_t free_memory_kbytes() {

@@ -51,16 +51,11 @@ class TRunHost {
 
   /// Keys that are down now.
   virtual TKeyStates KeyStates() const;
-  /// The pointer is followed beyond the view while a button is down.
+  /// The pointer is to be followed beyond the view while a button is down. For hosts whose toolkit
+  /// does not do so by itself.
   virtual void CapturePointer(bool capture);
   /// Free memory in KBytes, for the boot text.
   virtual int64_t FreeMemoryKBytes() const;
-
-  /// The MIDI outputs, or which of them are connected, have changed.
-  virtual void MidiMenuRebuild();
-  virtual void MidiMenuUpdate(int32_t consumerId);
-  /// A preference was changed by the run itself and is to be saved.
-  virtual void SavePrefs();
 
   /// The program of run `runNumber` has ended. If `request` is not null the program has asked for
   /// another run (RUN, CHAIN): hand it to the document.

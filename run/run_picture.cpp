@@ -1,6 +1,5 @@
-// The run view's picture: when it is composed, the blinking cursor, the title, the clipboard.
-#include "app/settings/prefs.h"
-#include "run/run_view.h"
+// Composing in time, and the blinking cursor.
+#include "run/run_picture.h"
 
 namespace zoka {
 namespace {
@@ -9,97 +8,62 @@ namespace {
 /// much pays for 125 pictures a second at most.
 constexpr bigtime_t COMPOSE_INTERVAL = 8000;
 constexpr bigtime_t CURSOR_BLINK_INTERVAL = 500'000;
-constexpr TRect WHOLE_SCREEN{0, 0, SCREEN_WIDTH - 1, SCREEN_HEIGHT - 1};
 
 }  // namespace
 
-void TRunView::UpdateScreenRqtd() {
+TRunPicture::TRunPicture(TClock& clock, TRunHost& host, TBasicRsrc& rsrc)
+    : mClock(clock), mHost(host), mRsrc(rsrc), mPainter(rsrc) {}
+
+TRunPicture::~TRunPicture() {
+  StopBlinking();
+}
+
+void TRunPicture::Update() {
   if (!mHost.WantsPicture()) {
     mRsrc.TakeModifiedRect();
     return;
   }
   if (mFlushAsked.load(std::memory_order_relaxed)) return;
-  const bigtime_t now = mContext.clock->system_time();
+  const bigtime_t now = mClock.system_time();
   if (now - mLastCompose.load() < COMPOSE_INTERVAL || !ComposeFrame(UPDATE_LOCK_LIMIT)) AskFlush();
 }
 
-bool TRunView::ComposeFrame(bigtime_t lockLimit) {
+bool TRunPicture::ComposeFrame(bigtime_t lockLimit) {
   if (!mWindowLock.LockFor(lockLimit)) return false;
   const TRect changed = mPainter.DrawBasic(mFrame, true);
   mWindowLock.unlock();
-  mLastCompose.store(mContext.clock->system_time());
+  mLastCompose.store(mClock.system_time());
   if (changed.IsValid()) mHost.Present(changed);
   return true;
 }
 
-void TRunView::AskFlush() {
+void TRunPicture::AskFlush() {
   if (!mFlushAsked.exchange(true)) mHost.ComposeSoon();
 }
 
-void TRunView::FlushPicture() {
+void TRunPicture::ComposeHeldBack() {
   // The host's frame that was asked for finds nothing left to do.
   if (mFlushAsked.load()) ComposeFrame(UPDATE_LOCK_LIMIT);
 }
 
-void TRunView::FlushScreen() {
+void TRunPicture::Flush() {
   mFlushAsked.store(false);
   ComposeFrame(FOREVER);
 }
 
-void TRunView::AttachedToWindow() {
-  SetWinTitle();
-  for (int32_t drive = 0; drive < LAMP_COUNT; ++drive) SendUpdateMenuDrvFolder(drive);
-  PrefRunWinFontChanged();
-  ShowBootStr();
-  mBlinkTimer = mContext.clock->StartTimer(CURSOR_BLINK_INTERVAL, true,
-                                           [this] { mHost.Post([this] { CursorBlinkRqtd(); }); });
+void TRunPicture::StartBlinking() {
+  StopBlinking();
+  mBlinkTimer = mClock.StartTimer(CURSOR_BLINK_INTERVAL, true,
+                                  [this] { mHost.Post([this] { CursorBlinkRqtd(); }); });
 }
 
-void TRunView::DetachedFromWindow() {
-  if (mBlinkTimer != 0) mContext.clock->CancelTimer(mBlinkTimer);
+void TRunPicture::StopBlinking() {
+  if (mBlinkTimer != 0) mClock.CancelTimer(mBlinkTimer);
   mBlinkTimer = 0;
 }
 
-void TRunView::CursorBlinkRqtd() {
-  if (mRsrc.FlipCursorBlink()) FlushScreen();
-}
-
-void TRunView::PrefRunWinFontChanged() {
-  mRsrc.SetFontFamilyAndSize(mContext.prefs->RWFF, mContext.prefs->RWFS.load());
-  mRsrc.SetScrModifiedKernel2(WHOLE_SCREEN);
-  FlushScreen();
-}
-
-void TRunView::LanguageChanged() {
-  SetWinTitle();
-  for (int32_t drive = 0; drive < LAMP_COUNT; ++drive) SendUpdateMenuDrvFolder(drive);
-}
-
-std::string TRunView::WinTitle() const {
-  std::string mode;
-  if (CompatiMode() == 2) mode = mContext.catalogue->GetString("DISK-BASIC");
-  if (CompatiMode() == 3) mode = mContext.catalogue->GetString("DOS-BASIC");
-  return mode + " - " + APP_NAME + " " + mContext.catalogue->GetString("(Run Window)");
-}
-
-void TRunView::SetWinTitle() {
-  mHost.SetTitle(WinTitle());
-}
-
-void TRunView::MItemCopyTextClicked() {
-  mHost.SetClipboardText(mRsrc.ScreenText());
-}
-
-void TRunView::MItemCopyGrphClicked(int32_t page) {
-  TFrameBuffer picture;
-  mPainter.DrawGrphPage(picture, page);
-  mHost.SetClipboardImage(picture);
-}
-
-void TRunView::MItemCopyCompositionClicked() {
-  TFrameBuffer picture;
-  mPainter.DrawComposition(picture);
-  mHost.SetClipboardImage(picture);
+void TRunPicture::CursorBlinkRqtd() {
+  if (mRsrc.FlipCursorBlink()) Flush();
 }
 
 }  // namespace zoka

@@ -11,18 +11,16 @@
 #include <string>
 #include <string_view>
 
+#include "app/settings/prefs.h"
 #include "common/context.h"
-#include "common/handler.h"
-#include "common/thread.h"
-#include "compiler/compiler.h"
 #include "core/mid_code.h"
+#include "run/compile_job.h"
+#include "run/run_alarm.h"
 #include "run/run_host.h"
+#include "run/run_music.h"
+#include "run/run_picture.h"
 #include "run/screen/basic_rsrc.h"
-#include "run/screen/compose.h"
 #include "run/screen/screen_owner.h"
-#include "run/window_lock.h"
-#include "sound/midi.h"
-#include "sound/mml_player.h"
 #include "vm/machine_host.h"
 #include "vm/vmachine.h"
 
@@ -45,17 +43,16 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   TRunView& operator=(const TRunView&) = delete;
 
   // --- Run control.
-  /// Compiles on a thread of its own (the compiler recurses deeply) and waits for it.
+  /// Compiles, and waits for the result.
   TCompileResult CompileBasic(const char* text);
-  /// The same in two steps: StartCompile returns at once and calls `ended` as the last act of the
-  /// compiler's thread; FinishCompile waits for that thread and returns the result. Nothing else of
-  /// the program may be touched between them. StartCompile after StartCompile finishes the former.
+  /// The same in two steps, as TCompileJob takes them. Nothing else of the program may be touched
+  /// between them.
   void StartCompile(std::string text, std::function<void()> ended);
-  TCompileResult FinishCompile();
+  TCompileResult FinishCompile() { return mCompileJob.Finish(); }
   /// Ends a compilation under way; its result is then Cancelled. Any thread.
-  void CancelCompile() { mCancelCompile.store(true); }
+  void CancelCompile() { mCompileJob.Cancel(); }
   /// The fault of the last failed compilation.
-  const TException& CompileFault() const { return mCompileFault; }
+  const TException& CompileFault() const { return mCompileJob.Fault(); }
   /// Bytes of strings, arrays and stacks that each run from now on may hold; 0, as at first: half
   /// of what the host has.
   void SetMemoryLimit(int64_t bytes) { mMemoryLimit = bytes; }
@@ -76,8 +73,8 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   int32_t WaitForEnd();
   /// Waits until the music of an ended program has sounded and then for `tail` microseconds. After
   /// ForceStop it silences the music instead.
-  void DrainMusic(bigtime_t tail);
-  /// Asks the machine and the compiler to end at once, as by force; does not wait. It also holds
+  void DrainMusic(bigtime_t tail) { mMusic.Drain(tail, mStopRequested); }
+  /// Asks the machine and the compiler to end at once, as by force; does not wait. It holds also
   /// for what is started later: the process is about to end. Any thread.
   void ForceStop();
 
@@ -91,8 +88,8 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   TVMachine* VMachine() { return mMachine.get(); }
   TMidCode* MidCode() { return &mMidCode; }
   TBasicRsrc& Rsrc() { return mRsrc; }
-  TMmlPlayer& Player() { return mPlayer; }
-  TMidiLocalProducer& Producer() { return mProducer; }
+  TMmlPlayer& Player() { return mMusic.Player(); }
+  TMidiLocalProducer& Producer() { return mMusic.Producer(); }
   int32_t CompatiMode() const { return mCompatiMode.load(); }
   int64_t RunNumber() const { return mRunNumber; }
 
@@ -110,12 +107,12 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   /// Title and drive names in the language of the catalogue. Host's thread.
   void LanguageChanged();
   /// Composes what has changed and was held back. Host's thread.
-  void FlushScreen();
+  void FlushScreen() { mPicture.Flush(); }
   /// The picture, complete but for what FlushScreen would add. Read it with Lock() held.
-  const TFrameBuffer& Frame() const { return mFrame; }
+  const TFrameBuffer& Frame() const { return mPicture.Frame(); }
   /// What keeps the picture whole between the threads. The host may hold it while it paints; never
   /// in a call of this class that waits.
-  TWindowLock& Lock() { return mWindowLock; }
+  TWindowLock& Lock() { return mPicture.Lock(); }
 
   // --- The clipboard. Host's thread.
   void MItemCopyTextClicked();
@@ -127,8 +124,8 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   /// Keys that are typed by a script or a pipe rather than a person; null for none. Set between
   /// runs; not owned.
   void SetKeyFeeder(TKeyFeeder* feeder);
-  /// A key press: its bytes as the host's platform codes them, and for byte 0x10 the key code (F1
-  /// is 2).
+  /// A key press: its bytes as the host's platform codes them (see host_keys.h), and for
+  /// HOST_KEY_FUNCTION the key code.
   void KeyDown(std::string_view bytes, int32_t key = 0);
   /// Command plus a key: C is the break key, others are typed plain.
   void CtrlKeyDown(char byte);
@@ -142,7 +139,8 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   void SetUseSpeedControl();
 
   // --- Drives.
-  /// Sets the folder of drive `index` (0 to 13); empty ejects it.
+  /// Sets the folder of drive `index`; empty ejects it. Other indices than 0 to DRIVE_COUNT - 1 are
+  /// ignored.
   void SetDriveFolder(int32_t index, const std::string& path);
   std::string DriveFolder(int32_t index) const;
 
@@ -160,50 +158,32 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   void MachineEnded(int32_t exitStatus) override;
 
  private:
-  class TCompileThread;
-  class TDrainThread;
-  class TPlayTarget;
-
   void MakeMachine();
   void ForgetDebugger();
   std::shared_ptr<TInterruptPort> Port() const;
   void SetPort(std::shared_ptr<TInterruptPort> port);
   void RaiseInterrupt(uint32_t mask);
-  void ClearTimeDlRunner();
   void PreventInputBlock();
   void SetWinTitle();
   void SendUpdateMenuDrvFolder(int32_t index);
-  bool ComposeFrame(bigtime_t lockLimit);
-  void AskFlush();
-  void FlushPicture();
-  void CursorBlinkRqtd();
 
   TEngineContext& mContext;
   TRunHost& mHost;
   TBasicRsrc mRsrc;
   TMidCode mMidCode;
-  TMidiLocalProducer mProducer;
-  TMmlPlayer mPlayer;
+  TRunMusic mMusic;
+  TRunPicture mPicture;
+  TRunAlarm mAlarm;
+  std::atomic<int32_t> mCompatiMode{COMPAT_DISK};  // the compiler stores it
+  TCompileJob mCompileJob;
   std::unique_ptr<TLiveInputs> mInputs;
-  TWindowLock mWindowLock;
-  TFrameBuffer mFrame;             // under mWindowLock
-  TScreenPainter mPainter{mRsrc};  // its DrawBasic under mWindowLock
-  std::atomic<bigtime_t> mLastCompose{0};
-  std::atomic<bool> mFlushAsked{false};
-  TTimerId mBlinkTimer = 0;
-  std::unique_ptr<TCompileThread> mCompileThread;
   std::unique_ptr<TVMachine> mMachine;
   TDebugger* mDebugger = nullptr;  // mMachine, if it is one
   TDebugModel* mDebugModel = nullptr;
-  std::unique_ptr<TPlayTarget> mPlayTarget;
   mutable TMutex mPortLock{TLockRank::Leaf};
   std::shared_ptr<TInterruptPort> mPort;  // the machine's, for events; under mPortLock
   std::atomic<TKeyFeeder*> mKeyFeeder{nullptr};
-  std::atomic<bool> mCancelCompile{false};
   std::atomic<bool> mStopRequested{false};
-  TException mCompileFault;
-  std::atomic<int32_t> mCompatiMode{2};  // the compiler stores it
-  std::atomic<TTimerId> mOnTimeTimer{0};
   int64_t mRunNumber = 0;
   int64_t mMemoryLimit = 0;
   bool mPlain = false;

@@ -1,6 +1,8 @@
 // Which key types which byte, and how long it is down.
 #include "run/typed_keys.h"
 
+#include "run/screen/host_keys.h"
+
 namespace zoka {
 namespace {
 
@@ -25,13 +27,15 @@ struct TByteKey {
   uint8_t code;
 };
 constexpr TByteKey BYTE_KEYS[] = {
-    {0x01, 0x20}, {0x04, 0x35}, {0x05, 0x1F}, {0x08, 0x1E}, {0x09, 0x26}, {0x0A, 0x47},
-    {0x0B, 0x21}, {0x0C, 0x36}, {0x0D, 0x47}, {0x1B, 0x01}, {0x1C, 0x61}, {0x1D, 0x63},
-    {0x1E, 0x57}, {0x1F, 0x62}, {' ', 0x5E},  {0x7F, 0x34},
+    {HOST_KEY_HOME, 0x20},      {HOST_KEY_END, 0x35},       {HOST_KEY_INSERT, 0x1F},
+    {HOST_KEY_BACKSPACE, 0x1E}, {HOST_KEY_TAB, 0x26},       {HOST_KEY_ENTER, 0x47},
+    {HOST_KEY_PAGE_UP, 0x21},   {HOST_KEY_PAGE_DOWN, 0x36}, {'\r', 0x47},
+    {HOST_KEY_ESCAPE, 0x01},    {HOST_KEY_LEFT, 0x61},      {HOST_KEY_RIGHT, 0x63},
+    {HOST_KEY_UP, 0x57},        {HOST_KEY_DOWN, 0x62},      {' ', 0x5E},
+    {HOST_KEY_DELETE, 0x34},
 };
 
 constexpr uint8_t FIRST_FUNCTION_KEY = 0x02;
-constexpr int32_t FUNCTION_KEYS = 12;
 
 constexpr bigtime_t LONG_AGO = -TYPED_KEY_TIME;
 
@@ -52,7 +56,7 @@ uint8_t typed_key_code(std::string_view bytes) {
 }
 
 uint8_t function_key_code(int32_t number) {
-  if (number < 1 || number > FUNCTION_KEYS) return 0;
+  if (number < 1 || number > HOST_FUNCTION_KEYS) return 0;
   return static_cast<uint8_t>(FIRST_FUNCTION_KEY + number - 1);
 }
 

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "run/screen/basic_rsrc.h"
+#include "run/screen/host_keys.h"
 
 namespace zoka {
 
@@ -14,13 +15,9 @@ char translated_key(char byte) {
     char code;
   };
   static constexpr TRow ROWS[] = {
-      {0x01, 0x0C},                 // Home
-      {0x04, 0x01},                 // End
-      {0x05, 0x12},                 // Insert
-      {0x0A, 0x0D},                 // Enter
-      {0x0B, '\xF9'},               // Page Up
-      {0x0C, '\xF8'},               // Page Down
-      {0x1C, 0x1D},   {0x1D, 0x1C}  // left and right arrow
+      {HOST_KEY_HOME, 0x0C},  {HOST_KEY_END, 0x01},       {HOST_KEY_INSERT, 0x12},
+      {HOST_KEY_ENTER, 0x0D}, {HOST_KEY_PAGE_UP, '\xF9'}, {HOST_KEY_PAGE_DOWN, '\xF8'},
+      {HOST_KEY_LEFT, 0x1D},  {HOST_KEY_RIGHT, 0x1C},
   };
   for (const TRow& row : ROWS) {
     if (row.host == byte) return row.code;

@@ -2,25 +2,25 @@
 #include "run/window/key_translate.h"
 
 #include <array>
-#include <cctype>
+
+#include "run/screen/host_keys.h"
 
 namespace zoka {
 namespace {
-
-constexpr char FUNCTION_KEY_BYTE = 0x10;
-constexpr int32_t FIRST_FUNCTION_KEY_CODE = 2;
 
 struct TSpecialKey {
   int key;
   char byte;
 };
 constexpr TSpecialKey SPECIAL_KEYS[] = {
-    {Qt::Key_Home, 0x01},      {Qt::Key_End, 0x04},    {Qt::Key_Insert, 0x05},
-    {Qt::Key_Backspace, 0x08}, {Qt::Key_Tab, 0x09},    {Qt::Key_Backtab, 0x09},
-    {Qt::Key_Return, 0x0A},    {Qt::Key_Enter, 0x0A},  {Qt::Key_PageUp, 0x0B},
-    {Qt::Key_PageDown, 0x0C},  {Qt::Key_Escape, 0x1B}, {Qt::Key_Left, 0x1C},
-    {Qt::Key_Right, 0x1D},     {Qt::Key_Up, 0x1E},     {Qt::Key_Down, 0x1F},
-    {Qt::Key_Delete, 0x7F},
+    {Qt::Key_Home, HOST_KEY_HOME},      {Qt::Key_End, HOST_KEY_END},
+    {Qt::Key_Insert, HOST_KEY_INSERT},  {Qt::Key_Backspace, HOST_KEY_BACKSPACE},
+    {Qt::Key_Tab, HOST_KEY_TAB},        {Qt::Key_Backtab, HOST_KEY_TAB},
+    {Qt::Key_Return, HOST_KEY_ENTER},   {Qt::Key_Enter, HOST_KEY_ENTER},
+    {Qt::Key_PageUp, HOST_KEY_PAGE_UP}, {Qt::Key_PageDown, HOST_KEY_PAGE_DOWN},
+    {Qt::Key_Escape, HOST_KEY_ESCAPE},  {Qt::Key_Left, HOST_KEY_LEFT},
+    {Qt::Key_Right, HOST_KEY_RIGHT},    {Qt::Key_Up, HOST_KEY_UP},
+    {Qt::Key_Down, HOST_KEY_DOWN},      {Qt::Key_Delete, HOST_KEY_DELETE},
 };
 
 /// Kernel key codes that stand at `first` and on for matrix codes that do the same.
@@ -55,7 +55,7 @@ constexpr std::array<uint8_t, KERNEL_KEYS> MATRIX = make_matrix();
 
 std::optional<TKeyPress> special_key(int key) {
   if (key >= Qt::Key_F1 && key <= Qt::Key_F12) {
-    return TKeyPress{std::string(1, FUNCTION_KEY_BYTE), key - Qt::Key_F1 + FIRST_FUNCTION_KEY_CODE};
+    return TKeyPress{std::string(1, HOST_KEY_FUNCTION), key - Qt::Key_F1 + FIRST_FUNCTION_KEY_CODE};
   }
   for (const TSpecialKey& special : SPECIAL_KEYS) {
     if (special.key == key) return TKeyPress{std::string(1, special.byte)};

@@ -18,7 +18,7 @@ constexpr const char MRUF_FILE[] = "ZokaBASIC_MRUFDD.arc";
 TRunWindow::TRunWindow(TWindowContext& context, const TSettingsPlace* place)
     : TBasicWindow(context),
       mPlace(place),
-      mHost(context.registry, *context.engine.prefs),
+      mHost(context.registry),
       mRunView(context.engine, mHost),
       mMenuBar(new TRunMenuBar(this)),
       mWidget(new TRunWidget(mRunView, mHost, this)),

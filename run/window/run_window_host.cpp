@@ -18,8 +18,7 @@ constexpr unsigned BITS = 64;
 
 }  // namespace
 
-TRunWindowHost::TRunWindowHost(THandlerRegistry& registry, const TPrefs& prefs)
-    : mRegistry(registry), mPrefs(prefs) {
+TRunWindowHost::TRunWindowHost(THandlerRegistry& registry) : mRegistry(registry) {
   mComposeTimer.setSingleShot(true);
   mComposeTimer.setTimerType(Qt::PreciseTimer);
   QObject::connect(&mComposeTimer, &QTimer::timeout, &mContext, [this] {
@@ -105,10 +104,6 @@ void TRunWindowHost::ClearKeyStates() {
 
 TKeyStates TRunWindowHost::KeyStates() const {
   return TKeyStates(mKeys[1].load()) << BITS | TKeyStates(mKeys[0].load());
-}
-
-void TRunWindowHost::SavePrefs() {
-  Post([this] { mPrefs.SaveToFile(); });
 }
 
 void TRunWindowHost::RunEnded(int64_t runNumber, int32_t exitStatus, const TMessage* request) {

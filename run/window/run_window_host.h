@@ -10,7 +10,6 @@
 #include <mutex>
 #include <string>
 
-#include "app/settings/prefs.h"
 #include "common/handler.h"
 #include "run/run_host.h"
 
@@ -29,7 +28,7 @@ struct TRunWindowCalls {
 class TRunWindowHost final : public TRunHost {
  public:
   /// Messages about drives go to `window`, once that is set.
-  TRunWindowHost(THandlerRegistry& registry, const TPrefs& prefs);
+  explicit TRunWindowHost(THandlerRegistry& registry);
 
   /// Window thread, before the engine runs; the calls may be set again to nothing.
   void SetCalls(TRunWindowCalls calls) { mCalls = std::move(calls); }
@@ -50,14 +49,12 @@ class TRunWindowHost final : public TRunHost {
   void SetClipboardText(const std::string& text) override;
   void SetClipboardImage(const TFrameBuffer& image) override;
   TKeyStates KeyStates() const override;
-  void SavePrefs() override;
   void RunEnded(int64_t runNumber, int32_t exitStatus, const TMessage* request) override;
 
  private:
   void PresentNow();
 
   THandlerRegistry& mRegistry;
-  const TPrefs& mPrefs;
   THandlerId mWindow;
   TRunWindowCalls mCalls;
   std::array<std::atomic<uint64_t>, KEY_MATRIX_SIZE / 64> mKeys{};
