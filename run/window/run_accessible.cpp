@@ -29,12 +29,12 @@ void* TRunAccessible::interface_cast(QAccessible::InterfaceType type) {
   return QAccessibleWidget::interface_cast(type);
 }
 
-QString TRunAccessible::ScreenText() const {
-  return QString::fromStdString(mRunWidget.View().Rsrc().ScreenText());
+TScreenReading TRunAccessible::Reading() const {
+  return TScreenReading(mRunWidget.View().Rsrc().TxtSnapshot());
 }
 
 QString TRunAccessible::text(QAccessible::Text kind) const {
-  if (kind == QAccessible::Value) return ScreenText();
+  if (kind == QAccessible::Value) return Reading().Text();
   if (kind == QAccessible::Name) return mRunWidget.window()->windowTitle();
   return QAccessibleWidget::text(kind);
 }
@@ -51,43 +51,26 @@ void TRunAccessible::selection(int, int* start, int* end) const {
 }
 
 int TRunAccessible::cursorPosition() const {
-  const TTxtSnapshot screen = mRunWidget.View().Rsrc().TxtSnapshot();
-  const QString all = ScreenText();
-  // Rows lose their trailing blanks, so the cursor may stand behind its row's end.
-  qsizetype start = 0;
-  for (int row = screen.cursorPos / screen.cols; row > 0; --row) {
-    const qsizetype end = all.indexOf('\n', start);
-    if (end < 0) break;
-    start = end + 1;
-  }
-  const qsizetype end = all.indexOf('\n', start);
-  const qsizetype column = screen.cursorPos % screen.cols;
-  return static_cast<int>(std::min(start + column, end < 0 ? all.size() : end));
+  return Reading().Cursor();
 }
 
 QString TRunAccessible::text(int start, int end) const {
-  return ScreenText().mid(start, end - start);
+  return Reading().Text().mid(start, end - start);
 }
 
 int TRunAccessible::characterCount() const {
-  return static_cast<int>(ScreenText().size());
+  return static_cast<int>(Reading().Text().size());
 }
 
 QRect TRunAccessible::characterRect(int offset) const {
-  const QString before = ScreenText().left(offset);
-  const qsizetype row = before.count('\n');
-  const qsizetype column = before.size() - 1 - before.lastIndexOf('\n');
-  const int cols = mRunWidget.View().Rsrc().TxtSnapshot().cols;
-  const QRect cell = mRunWidget.CellRect(static_cast<int32_t>(row * cols + column));
-  return {mRunWidget.mapToGlobal(cell.topLeft()), cell.size()};
+  const TReadPlace place = Reading().PlaceOf(offset);
+  const QRect rect = mRunWidget.CellRect(place.cell, place.cells);
+  return {mRunWidget.mapToGlobal(rect.topLeft()), rect.size()};
 }
 
 int TRunAccessible::offsetAtPoint(const QPoint& point) const {
-  const int count = characterCount();
-  for (int offset = 0; offset < count; ++offset) {
-    if (characterRect(offset).contains(point)) return offset;
-  }
-  return -1;
+  const std::optional<int32_t> cell = mRunWidget.CellAt(mRunWidget.mapFromGlobal(point));
+  return cell ? Reading().OffsetOf(*cell) : -1;
 }
 
 QString TRunAccessible::attributes(int offset, int* start, int* end) const {

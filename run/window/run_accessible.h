@@ -3,6 +3,8 @@
 
 #include <QAccessibleWidget>
 
+#include "run/window/screen_reading.h"
+
 namespace zoka {
 
 class TRunWidget;
@@ -31,7 +33,7 @@ class TRunAccessible final : public QAccessibleWidget, public QAccessibleTextInt
   QString attributes(int offset, int* start, int* end) const override;
 
  private:
-  QString ScreenText() const;
+  TScreenReading Reading() const;
 
   TRunWidget& mRunWidget;
 };

@@ -7,7 +7,7 @@ namespace zoka {
 namespace {
 
 constexpr QRgb LAMP_COLOR = qRgb(0x66, 0xFF, 0x66);
-/// Pixels from the lit frame's left to its label.
+/// Pixels from the title's left to its label while it is lit.
 constexpr int LABEL_INSET = 8;
 
 }  // namespace
@@ -31,8 +31,8 @@ void TRunMenuBar::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   for (QAction* title : actions()) {
     if (!mAccessing.contains(title)) continue;
-    const QRect frame = actionGeometry(title).adjusted(1, 1, 0, -2);
-    painter.fillRect(frame, QColor(LAMP_COLOR));
+    const QRect frame = actionGeometry(title);
+    painter.fillRect(frame.adjusted(1, 1, 0, -2), QColor(LAMP_COLOR));
     painter.setPen(Qt::black);
     painter.drawText(frame.adjusted(LABEL_INSET, 0, 0, 0),
                      Qt::AlignVCenter | Qt::AlignLeft | Qt::TextShowMnemonic, title->text());

@@ -2,6 +2,8 @@
 #include "run/window/run_widget.h"
 
 #include <QAccessible>
+#include <QGuiApplication>
+#include <QInputMethod>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -20,6 +22,14 @@ namespace {
 /// Milliseconds for which a key counts as down after its release: some hosts report a release in
 /// the midst of a repeat.
 constexpr int RELEASE_MS = 5;
+
+/// A rectangle without the parts of the host's units at its edges: on fine screens the machine's
+/// picture may begin and end within one.
+QRect whole_units_inside(const QRectF& r) {
+  return {QPoint(static_cast<int>(std::ceil(r.left())), static_cast<int>(std::ceil(r.top()))),
+          QPoint(static_cast<int>(std::floor(r.right())) - 1,
+                 static_cast<int>(std::floor(r.bottom())) - 1)};
+}
 
 }  // namespace
 
@@ -100,20 +110,36 @@ TPoint TRunWidget::PointAt(QPointF place) const {
 
 void TRunWidget::Present(const TRect& changed) {
   update(FromMachine(changed).toAlignedRect());
+  if (hasFocus()) TellInputMethod();
   if (QAccessible::isActive()) TellReaders();
 }
 
+void TRunWidget::TellInputMethod() {
+  const QRect cell = CursorCell();
+  if (std::exchange(mToldCursorCell, cell) == cell) return;
+  // Its list of candidates stands beside the cursor.
+  QGuiApplication::inputMethod()->update(Qt::ImCursorRectangle);
+}
+
 void TRunWidget::TellReaders() {
-  const QString text = QString::fromStdString(mView.Rsrc().ScreenText());
-  if (text == mToldText) return;
-  QAccessibleTextUpdateEvent event(this, 0, std::exchange(mToldText, text), text);
-  QAccessible::updateAccessibility(&event);
+  TScreenReading now(mView.Rsrc().TxtSnapshot());
+  const TTextChange change = text_change(mToldReading.Text(), now.Text());
+  const bool hasMoved = now.Cursor() != mToldReading.Cursor();
+  mToldReading = std::move(now);
+  if (!change.removed.isEmpty() || !change.added.isEmpty()) {
+    QAccessibleTextUpdateEvent event(this, change.start, change.removed, change.added);
+    QAccessible::updateAccessibility(&event);
+  }
+  if (hasMoved) {
+    QAccessibleTextCursorEvent event(this, mToldReading.Cursor());
+    QAccessible::updateAccessibility(&event);
+  }
 }
 
 void TRunWidget::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   const QRectF picture = FromMachine({0, 0, SCREEN_WIDTH - 1, SCREEN_HEIGHT - 1});
-  for (const QRect& border : event->region().subtracted(picture.toRect())) {
+  for (const QRect& border : event->region().subtracted(whole_units_inside(picture))) {
     painter.fillRect(border, Qt::black);
   }
   {
@@ -130,14 +156,25 @@ QRect TRunWidget::CursorCell() const {
   return CellRect(mView.Rsrc().TxtSnapshot().cursorPos);
 }
 
-QRect TRunWidget::CellRect(int32_t wanted) const {
+QRect TRunWidget::CellRect(int32_t wanted, int32_t cells) const {
   const TTxtSnapshot text = mView.Rsrc().TxtSnapshot();
   const int cell = std::clamp(wanted, 0, text.cols * text.rows - 1);
   const int width = SCREEN_WIDTH / text.cols;
   const int height = SCREEN_HEIGHT / text.rows;
   const int left = cell % text.cols * width;
   const int top = cell / text.cols * height;
-  return FromMachine({left, top, left + width - 1, top + height - 1}).toAlignedRect();
+  return FromMachine({left, top, left + cells * width - 1, top + height - 1}).toAlignedRect();
+}
+
+std::optional<int32_t> TRunWidget::CellAt(QPointF place) const {
+  const TPoint point = PointAt(place);
+  const bool isInside =
+      point.x >= 0 && point.x < SCREEN_WIDTH && point.y >= 0 && point.y < SCREEN_HEIGHT;
+  if (!isInside) return std::nullopt;
+  const TTxtSnapshot text = mView.Rsrc().TxtSnapshot();
+  const int column = static_cast<int>(point.x) / (SCREEN_WIDTH / text.cols);
+  const int row = static_cast<int>(point.y) / (SCREEN_HEIGHT / text.rows);
+  return row * text.cols + column;
 }
 
 void TRunWidget::PaintPreedit(QPainter& painter) const {
@@ -169,6 +206,8 @@ bool TRunWidget::event(QEvent* event) {
     keyPressEvent(static_cast<QKeyEvent*>(event));
     return true;
   }
+  // The other screen may be finer or coarser.
+  if (event->type() == QEvent::ScreenChangeInternal) UpdateSize();
   return TBasicView::event(event);
 }
 
@@ -248,13 +287,9 @@ void TRunWidget::mouseDoubleClickEvent(QMouseEvent* event) {
   mousePressEvent(event);
 }
 
+// With a button held down the toolkit goes on telling of moves beyond the widget.
 void TRunWidget::mouseMoveEvent(QMouseEvent* event) {
   mView.MouseMoved(PointAt(event->position()));
-}
-
-void TRunWidget::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::ScreenChangeInternal) UpdateSize();
-  TBasicView::changeEvent(event);
 }
 
 }  // namespace zoka

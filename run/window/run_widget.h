@@ -5,11 +5,13 @@
 #include <QString>
 #include <QTimer>
 #include <map>
+#include <optional>
 
 #include "common/types.h"
 #include "common/window/basic_view.h"
 #include "run/run_view.h"
 #include "run/window/run_window_host.h"
+#include "run/window/screen_reading.h"
 
 namespace zoka {
 
@@ -38,8 +40,11 @@ class TRunWidget final : public TBasicView {
   /// What the input method has not committed yet.
   const QString& Preedit() const { return mPreedit; }
   TRunView& View() const { return mView; }
-  /// The part of the widget that a text cell takes; cells outside the screen give the last one.
-  QRect CellRect(int32_t cell) const;
+  /// The part of the widget that a text cell, or several side by side, takes; cells outside the
+  /// screen give its first or last one.
+  QRect CellRect(int32_t cell, int32_t cells = 1) const;
+  /// The text cell at a place of the widget; none outside the picture.
+  std::optional<int32_t> CellAt(QPointF place) const;
 
  protected:
   bool event(QEvent* event) override;
@@ -53,7 +58,6 @@ class TRunWidget final : public TBasicView {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
-  void changeEvent(QEvent* event) override;
 
  private:
   QSize WantedSize() const;
@@ -61,6 +65,7 @@ class TRunWidget final : public TBasicView {
   QPoint Origin() const;
   QRectF FromMachine(const TRect& r) const;
   QRect CursorCell() const;
+  void TellInputMethod();
   void TellReaders();
   void PaintPreedit(QPainter& painter) const;
   void ReleaseKeys();
@@ -70,7 +75,8 @@ class TRunWidget final : public TBasicView {
   int mStep = 1;
   bool mFilling = false;
   QString mPreedit;
-  QString mToldText;  // the screen's text as readers of the screen know it
+  TScreenReading mToldReading;  // the screen as its readers know it
+  QRect mToldCursorCell;        // the cursor as the input method knows it
   /// Matrix codes of keys whose release may yet prove to be one of the host's repeats.
   std::map<uint32_t, uint8_t> mReleased;
   QTimer mReleaseTimer;

@@ -149,10 +149,10 @@ bool TRunWindow::IsLampLit(size_t drive) const {
   return mMenuBar->IsAccessing(mDrvMenu[drive]->menuAction());
 }
 
-void TRunWindow::SetSpeed(bool controlled, bigtime_t interval) {
+void TRunWindow::SetSpeed(bigtime_t interval) {
   TPrefs& prefs = *Engine().prefs;
-  prefs.USpC.store(controlled);
-  if (controlled) prefs.SpCI.store(interval);
+  prefs.USpC.store(interval != FULL_SPEED);
+  if (interval != FULL_SPEED) prefs.SpCI.store(interval);
   prefs.SaveToFile();
   mRunView.SetUseSpeedControl();
 }

@@ -44,6 +44,9 @@ class TRunWindow final : public TBasicWindow {
   void changeEvent(QEvent* event) override;
 
  private:
+  /// Instead of microseconds per statement: no speed control.
+  static constexpr bigtime_t FULL_SPEED = 0;
+
   void CreateMenu();
   void CreateDriveMenu(int32_t drive);
   void CreateCopyMenu();
@@ -62,7 +65,7 @@ class TRunWindow final : public TBasicWindow {
   void MItemSpecifyDrvFolderClicked(const TMessage& message);
   void SetDrvFolderRqtd(const TMessage& message);
   void SetFDDAccessLampRqtd(const TMessage& message);
-  void SetSpeed(bool controlled, bigtime_t interval);
+  void SetSpeed(bigtime_t interval);
   void UpdateMBarVisibility();
   void LoadMRUF();
   void SaveMRUF() const;

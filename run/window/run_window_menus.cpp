@@ -135,23 +135,25 @@ void TRunWindow::CreateSizeItems(QMenu* menu) {
 void TRunWindow::CreateSpeedMenu() {
   QMenu* menu = AddMenu(GetString("Speed"), "S");
   auto* group = new QActionGroup(menu);
-  const auto add = [&](const std::string& label, const char* key, bool controlled,
-                       bigtime_t interval) {
+  const auto add = [&](const std::string& label, const char* key, bigtime_t interval) {
     QAction* item = group->addAction(menu->addAction(menu_label(Engine(), label, key)));
     item->setCheckable(true);
-    const TPrefs& prefs = *Engine().prefs;
-    item->setChecked(prefs.USpC.load() == controlled &&
-                     (!controlled || prefs.SpCI.load() == interval));
-    connect(item, &QAction::triggered, this,
-            [this, controlled, interval] { SetSpeed(controlled, interval); });
+    item->setData(QVariant::fromValue<qint64>(interval));
+    connect(item, &QAction::triggered, this, [this, interval] { SetSpeed(interval); });
   };
-  add(GetString("Full Speed"), "F", false, 0);
+  add(GetString("Full Speed"), "F", FULL_SPEED);
   menu->addSeparator();
   for (const bigtime_t interval : SPEED_INTERVALS) {
     add(replace_placeholder(GetString("%Num% Statements per Second"), "%Num%",
                             std::to_string(MICROSECONDS_PER_SECOND / interval)),
-        "", true, interval);
+        "", interval);
   }
+  // The preferences dialog changes the speed as well, also to steps that are not here.
+  connect(menu, &QMenu::aboutToShow, this, [this, group] {
+    const TPrefs& prefs = *Engine().prefs;
+    const bigtime_t now = prefs.USpC.load() ? prefs.SpCI.load() : FULL_SPEED;
+    for (QAction* item : group->actions()) item->setChecked(item->data().toLongLong() == now);
+  });
 }
 
 void TRunWindow::SetLabelsCommon() {
