@@ -148,6 +148,12 @@ bool TBasicApp::QuitRequested() {
   return true;
 }
 
+// The windows go when the event loops have come to their ends, and not inside one of a dialog.
+void TBasicApp::EndWithoutAsking() {
+  if (mMainWindow) mMainWindow->View().KeepUnsaved();
+  QApplication::exit(0);
+}
+
 void TBasicApp::Quit() {
   if (!mMainWindow) return;
   mEngine.Context().privacy.quitting.store(true);

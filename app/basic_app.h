@@ -27,6 +27,9 @@ class TBasicApp final : public THandler, private QObject {
   void ReadyToRun(const std::string& path);
   /// Asks the main window; ends the application unless the user wants to stay.
   bool QuitRequested();
+  /// The host wants the application to end: it asks nothing and ends as soon as the event loop can;
+  /// unsaved text is kept for the next start.
+  void EndWithoutAsking();
   /// The user's choice from now on; all texts follow at once.
   void SetLanguage(TLanguage language);
 

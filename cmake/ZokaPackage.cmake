@@ -1,34 +1,90 @@
-# Debian packages: zoka (the console tool) and zoka-basic (the window application, where it is
-# built), made by `./dev package`.
+# Debian packages, made by `./dev package`: zoka (the console tool), zoka-basic (the window
+# application, where it is built) and zoka-basic-data (samples and help, for both).
 include(GNUInstallDirs)
-if(TARGET zoka)
-  install(TARGETS zoka RUNTIME COMPONENT zoka)
-endif()
+
+set(packaging ${CMAKE_SOURCE_DIR}/packaging)
+
+# zoka_install_docs(COMPONENT): what Debian wants of each package.
+function(zoka_install_docs component)
+  install(FILES ${CMAKE_SOURCE_DIR}/README.md ${packaging}/copyright
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${component} COMPONENT ${component})
+endfunction()
+
+# zoka_install_manual(COMPONENT): packaging/COMPONENT.1, compressed.
+function(zoka_install_manual component)
+  find_program(GZIP gzip)
+  set(manual ${CMAKE_BINARY_DIR}/packaging/${component}.1.gz)
+  add_custom_command(
+    OUTPUT ${manual}
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/packaging
+    COMMAND ${GZIP} -9nc ${packaging}/${component}.1 > ${manual}
+    DEPENDS ${packaging}/${component}.1
+    VERBATIM)
+  add_custom_target(manual-${component} ALL DEPENDS ${manual})
+  install(FILES ${manual} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT ${component})
+endfunction()
+
+set(CPACK_COMPONENTS_ALL zoka zoka-basic-data)
+install(TARGETS zoka RUNTIME COMPONENT zoka)
+zoka_install_docs(zoka)
+zoka_install_manual(zoka)
 if(TARGET zoka-basic)
+  list(APPEND CPACK_COMPONENTS_ALL zoka-basic)
   install(TARGETS zoka-basic RUNTIME COMPONENT zoka-basic)
+  zoka_install_docs(zoka-basic)
+  zoka_install_manual(zoka-basic)
+  install(FILES ${packaging}/zoka-basic.desktop
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT zoka-basic)
+  install(FILES ${packaging}/zoka-basic.xml
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages COMPONENT zoka-basic)
+  install(FILES ${packaging}/zoka-basic.svg
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps COMPONENT zoka-basic)
 endif()
-foreach(component zoka zoka-basic)
-  install(FILES ${CMAKE_SOURCE_DIR}/README.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${component}
-          COMPONENT ${component})
-endforeach()
+# The texts of the catalogues are in the programs themselves.
+install(DIRECTORY ${CMAKE_SOURCE_DIR}/samples DESTINATION ${CMAKE_INSTALL_DATADIR}/zoka-basic
+        COMPONENT zoka-basic-data)
+install(DIRECTORY ${CMAKE_SOURCE_DIR}/docs/help
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/zoka-basic/docs COMPONENT zoka-basic-data)
+zoka_install_docs(zoka-basic-data)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_CONTACT "Zoka-BASIC developers <zoka-basic@localhost>")
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Line-numbered BASIC of Japanese personal computers")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
-set(CPACK_COMPONENTS_ALL zoka)
-if(TARGET zoka-basic)
-  list(APPEND CPACK_COMPONENTS_ALL zoka-basic)
-endif()
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SECTION devel)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+
+# Libraries that are linked are found by dpkg-shlibdeps. These are loaded when they are needed, or
+# are files that the programs read.
+set(loaded "libfluidsynth3, libasound2 | libasound2t64, timgm6mb-soundfont, fonts-unifont")
+string(APPEND loaded ", fonts-ipafont-gothic")
+set(data "zoka-basic-data (= ${PROJECT_VERSION})")
+
 set(CPACK_DEBIAN_ZOKA_PACKAGE_NAME zoka)
-set(CPACK_DEBIAN_ZOKA_PACKAGE_RECOMMENDS
-    "fonts-unifont, fonts-ipafont-gothic, timgm6mb-soundfont")
+set(CPACK_DEBIAN_ZOKA_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_ZOKA_PACKAGE_DEPENDS "${loaded}")
+set(CPACK_DEBIAN_ZOKA_PACKAGE_RECOMMENDS "zoka-basic-data")
+set(CPACK_DEBIAN_ZOKA_DESCRIPTION
+    "Line-numbered BASIC of Japanese personal computers
+Runs programs of the 1980s in terminals and pipelines: kana and kanji, graphics
+as pictures, music as sound or as files.")
+
 set(CPACK_DEBIAN_ZOKA-BASIC_PACKAGE_NAME zoka-basic)
+set(CPACK_DEBIAN_ZOKA-BASIC_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_ZOKA-BASIC_PACKAGE_DEPENDS "${loaded}, ${data}")
 set(CPACK_DEBIAN_ZOKA-BASIC_PACKAGE_RECOMMENDS
-    "fonts-unifont, fonts-ipafont-gothic, timgm6mb-soundfont, qt6-wayland")
+    "qt6-wayland, pipewire-pulse | pulseaudio, shared-mime-info, xdg-utils")
+set(CPACK_DEBIAN_ZOKA-BASIC_PACKAGE_SUGGESTS "zoka")
+set(CPACK_DEBIAN_ZOKA-BASIC_DESCRIPTION
+    "Development environment for a line-numbered BASIC
+Editor, compiler, debugger and the simulated 640 by 400 screen of Japanese
+personal computers of the 1980s, with kana and kanji, mouse and music.")
+
+set(CPACK_DEBIAN_ZOKA-BASIC-DATA_PACKAGE_NAME zoka-basic-data)
+set(CPACK_DEBIAN_ZOKA-BASIC-DATA_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_ZOKA-BASIC-DATA_DESCRIPTION
+    "Samples and help of Zoka-BASIC
+Programs to run, look at and change, and the help in English and Japanese.")
 include(CPack)

@@ -3,8 +3,11 @@
 #include <unistd.h>
 
 #include "common/context.h"
+#include "common/last_acts.h"
 #include "console/commands.h"
 #include "console/console_host.h"
+#include "console/terminal.h"
+#include "sound/alsa_client.h"
 
 namespace {
 
@@ -36,6 +39,7 @@ int dispatch(const zoka::TOptions& options) {
 int main(int argc, char** argv) {
   // A reader that goes away is noticed where the output is written.
   ::signal(SIGPIPE, SIG_IGN);
+  zoka::do_in_crash({zoka::TTerminal::Restore, zoka::silence_alsa_in_crash});
   zoka::TOptions options;
   std::string error;
   if (!zoka::parse_options(std::vector<std::string>(argv + 1, argv + argc), &options, &error)) {

@@ -21,10 +21,9 @@ namespace {
 /// Between two looks at the screen.
 constexpr int FRAME_MS = 16;
 
-// What the handlers of fatal signals need; written before they are installed.
+// What Restore needs, which may be called at any moment.
 termios gSavedMode;
 std::atomic<bool> gIsRaw{false};
-constexpr int FATAL_SIGNALS[] = {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT};
 
 sigset_t suspend_signal() {
   sigset_t set;
@@ -40,12 +39,6 @@ void enter_raw_mode() {
   raw.c_oflag |= OPOST;
   ::tcsetattr(STDIN_FILENO, TCSADRAIN, &raw);
   gIsRaw.store(true);
-}
-
-void die_restored(int number) {
-  TTerminal::Restore();
-  ::signal(number, SIG_DFL);
-  ::raise(number);
 }
 
 }  // namespace
@@ -71,7 +64,6 @@ TTerminal::TTerminal(TRunView& view, TKeyFeeder& feeder)
   sigset_t set = suspend_signal();
   mSuspendFd = signalfd(-1, &set, SFD_CLOEXEC | SFD_NONBLOCK);
   enter_raw_mode();
-  for (int number : FATAL_SIGNALS) ::signal(number, die_restored);
   mThread = std::thread([this] { Run(); });
 }
 
@@ -83,7 +75,6 @@ TTerminal::~TTerminal() {
   Show();
   write_all(STDOUT_FILENO, mScreen.Leave());
   Restore();
-  for (int number : FATAL_SIGNALS) ::signal(number, SIG_DFL);
   sigset_t set = suspend_signal();
   pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
 }

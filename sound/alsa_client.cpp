@@ -42,6 +42,16 @@ void set_control(snd_seq_event_t* event, int channel, unsigned param, int value)
   event->data.control.value = value;
 }
 
+// The control changes of silence on all channels, for a port, at once.
+void append_silence(std::vector<snd_seq_event_t>* events, TAlsaAddress from, TAlsaAddress to) {
+  for (int channel = 0; channel < MIDI_CHANNEL_COUNT; ++channel) {
+    for (const uint8_t control : {MIDI_ALL_NOTES_OFF, MIDI_ALL_SOUND_OFF, MIDI_RESET_CONTROLLERS}) {
+      events->push_back(empty_event(from, to));
+      set_control(&events->back(), channel, control, 0);
+    }
+  }
+}
+
 // What a crash writes, readable without a lock.
 struct TCrashEvents {
   std::atomic<int> file{-1};
@@ -148,6 +158,14 @@ void TAlsaClient::RemoveScheduled(TAlsaAddress to) {
   mApi.snd_seq_remove_events_free(remove);
 }
 
+// Past the queue, which goes with the client: at the end of the process these still arrive.
+void TAlsaClient::Silence(TAlsaAddress to) {
+  std::vector<snd_seq_event_t> events;
+  append_silence(&events, Address(), to);
+  const TLock lock(mLock);
+  for (snd_seq_event_t& event : events) mApi.snd_seq_event_output_direct(mSequencer, &event);
+}
+
 void TAlsaClient::Subscribe(TAlsaAddress to) {
   const TLock lock(mLock);
   mApi.snd_seq_connect_to(mSequencer, mPort, to.first, to.second);
@@ -182,15 +200,7 @@ void TAlsaClient::PublishCrashEvents() {
   pollfd descriptor = {};
   if (mApi.snd_seq_poll_descriptors(mSequencer, &descriptor, 1, POLLOUT) < 1) return;
   std::vector<snd_seq_event_t> events;
-  for (const TAlsaAddress& to : mSubscribed) {
-    for (int channel = 0; channel < MIDI_CHANNEL_COUNT; ++channel) {
-      for (const uint8_t control :
-           {MIDI_ALL_NOTES_OFF, MIDI_ALL_SOUND_OFF, MIDI_RESET_CONTROLLERS}) {
-        events.push_back(empty_event(Address(), to));
-        set_control(&events.back(), channel, control, 0);
-      }
-    }
-  }
+  for (const TAlsaAddress& to : mSubscribed) append_silence(&events, Address(), to);
   gCrashEvents.begin = nullptr;
   gCrashEvents.file = descriptor.fd;
   gCrashEvents.size = events.size() * sizeof(snd_seq_event_t);

@@ -41,6 +41,8 @@ class TAlsaClient {
   void Send(TAlsaAddress to, const TMidiEvent& event);
   /// Forgets what is scheduled for a port.
   void RemoveScheduled(TAlsaAddress to);
+  /// Silences a port at once.
+  void Silence(TAlsaAddress to);
 
   /// Make and end the connection that other programs see. Nothing happens if it is so already.
   void Subscribe(TAlsaAddress to);

@@ -26,7 +26,9 @@ class TAlsaConsumer final : public TMidiConsumer {
   }
   void Disconnected(int32_t producerId) override {
     if (producerId != mProducerId) return;
+    // The note offs go with what is scheduled, so that notes that sound would never end.
     mClient->RemoveScheduled(mAddress);
+    mClient->Silence(mAddress);
     mClient->Unsubscribe(mAddress);
   }
 

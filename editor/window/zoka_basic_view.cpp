@@ -83,7 +83,14 @@ TZokaBasicView::~TZokaBasicView() {
   mCalls = {};
   mRunWindow.Host().SetRunEnded({});
   mDocument.Kill();
-  mSlot.DeleteAutoSave();
+  if (!mKeepsUnsaved) mSlot.DeleteAutoSave();
+}
+
+void TZokaBasicView::KeepUnsaved() {
+  if (!mDocument.IsModified()) return;
+  mJournalTimer.stop();
+  mKeepsUnsaved = true;
+  mSlot.WriteJournal(mEdit->Get());
 }
 
 void TZokaBasicView::CheckAndLoadAutoSave() {

@@ -38,6 +38,9 @@ class TZokaBasicView final : public TBasicView, private TDocumentHost, private T
   bool MessageReceived(const TMessage& message);
   /// Asks whether to take over what an abnormal end left behind.
   void CheckAndLoadAutoSave();
+  /// The view is about to go without asking: what is unsaved is there at the next start, as behind
+  /// an abnormal end.
+  void KeepUnsaved();
   /// Starts or ends the regular auto-save as the preferences say.
   void SetAutoSaveRegular();
   void LanguageChanged();
@@ -81,6 +84,7 @@ class TZokaBasicView final : public TBasicView, private TDocumentHost, private T
   TFindBar* mFindBar;
   QLabel* mStatBar;
   TAutoSaveSlot mSlot;
+  bool mKeepsUnsaved = false;
   TListDocument mDocument;
   TListRequests mRequests;
   TEditComforts mComforts;

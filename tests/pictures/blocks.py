@@ -145,3 +145,24 @@ def roll_200(m):
     m.circle(320, 250, 100, 6, filled=True, fill=2)
     m.screen(0)
     m.roll(120, -50)
+
+
+def put_kanji_unknown(m):
+    m.screen(3)
+    m.box_fill(0, 100, 639, 131, 5)
+
+    def blank(x, y, mode=XOR, back=0):
+        m.put(x, y, [[back] * 16 for _ in range(16)], mode)
+
+    blank(20, 20, PSET, 2)
+    blank(40, 20, PSET, 3)
+    blank(60, 20, PSET, 4)
+    blank(80, 20, PSET, 6)
+    blank(100, 20, PSET, 1)
+    blank(20, 110, PSET, 1)
+    blank(60, 110, PRESET, 3)
+    blank(100, 110, OR, 8)
+    blank(140, 110, AND, 1)
+    blank(180, 110, XOR, 2)
+    blank(220, 110)
+    blank(-8, 200, PSET, 6)

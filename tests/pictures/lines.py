@@ -146,3 +146,21 @@ def lower_half(m):
     m.box(100, 150, 500, 350, 3)
     m.circle(300, 200, 100, 6)
     m.screen(2)
+
+
+def line_nowhere(m):
+    """Coordinates that no 32-bit integer holds are the lowest one."""
+    far = -2 ** 31
+    m.screen(3)
+    m.line(far, 100, 639, 100, 1)
+    m.line(320, far, 320, 50, 2)
+    m.line(far, far, 639, 399, 3)
+    m.line(0, 0, far, 399, 4)
+    m.line(far, 30, 600, far, 5)
+    m.line(far, far, far, far, 5)
+    m.box(600, far, 20, 380, 6)
+    m.box_fill(far, 390, 630, 395, 7)
+    m.line(630, 395, far, 200, 2)
+    m.line(far, 200, 300, 220, 5)
+    m.pset(far, far, 7)
+    m.line(far, far, 100, 399, 4)

@@ -1,4 +1,7 @@
 // The ALSA sequencer against a table of functions that plays the system's part.
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <cstring>
 #include <deque>
 #include <map>
@@ -56,6 +59,7 @@ struct TFakeSystem {
   snd_seq_event_t current = {};
   bool overrun = false;
   bool announced = false;
+  int device = -1;  // the file that the library would write to
 };
 TFakeSystem* gSystem = nullptr;
 
@@ -94,6 +98,7 @@ TAlsaApi FakeApi() {
     return gSystem->connections.erase({client, port}) ? 0 : -ENOENT;
   };
   api.snd_seq_event_output_direct = [](snd_seq_t*, snd_seq_event_t* event) {
+    if (!gSystem->ports.contains({event->dest.client, event->dest.port})) return -ENOENT;
     gSystem->sent.push_back(*event);
     if (event->type == SND_SEQ_EVENT_SYSEX) {
       gSystem->sysex.emplace_back(static_cast<const char*>(event->data.ext.ptr),
@@ -112,7 +117,10 @@ TAlsaApi FakeApi() {
     *event = &gSystem->current;
     return 0;
   };
-  api.snd_seq_poll_descriptors = [](snd_seq_t*, pollfd*, unsigned, short) { return 0; };
+  api.snd_seq_poll_descriptors = [](snd_seq_t*, pollfd* descriptor, unsigned, short) {
+    descriptor->fd = gSystem->device;
+    return gSystem->device < 0 ? 0 : 1;
+  };
   api.snd_seq_client_info_malloc = [](snd_seq_client_info_t** info) {
     *info = new _snd_seq_client_info;
     return 0;
@@ -337,6 +345,105 @@ TEST_F(Alsa, ADisconnectionTakesBackWhatIsScheduled) {
   roster.Disconnect(producer, id);
   EXPECT_TRUE(system.connections.empty());
   EXPECT_EQ(system.removed, (std::vector<TAlsaAddress>{{20, 0}}));
+}
+
+/// Expects the three control changes of silence for each of 16 channels of a port, past the queue.
+void ExpectSilence(const snd_seq_event_t* events, int client, int port) {
+  for (unsigned i = 0; i < 48; ++i) {
+    constexpr unsigned CONTROLS[] = {0x7B, 0x78, 0x79};
+    const snd_seq_event_t& event = events[i];
+    EXPECT_EQ(event.type, SND_SEQ_EVENT_CONTROLLER);
+    EXPECT_EQ(event.queue, SND_SEQ_QUEUE_DIRECT);
+    EXPECT_EQ(event.source.client, OUR_CLIENT);
+    EXPECT_EQ(event.source.port, OUR_PORT);
+    EXPECT_EQ(event.dest.client, client);
+    EXPECT_EQ(event.dest.port, port);
+    EXPECT_EQ(event.data.control.channel, i / 3);
+    EXPECT_EQ(event.data.control.param, CONTROLS[i % 3]);
+    EXPECT_EQ(event.data.control.value, 0);
+  }
+}
+
+TEST_F(Alsa, ADisconnectionSilencesWhatSounds) {
+  Open();
+  roster.Connect(producer, IdOf("Piano: Keys"));
+  producer.SprayNoteOn(1, 60, 64, 0);
+  roster.Disconnect(producer, IdOf("Piano: Keys"));
+  ASSERT_EQ(system.sent.size(), 1u + 48u);
+  ExpectSilence(&system.sent[1], 20, 0);
+}
+
+TEST_F(Alsa, TheEndSilencesWhatSounds) {
+  Open();
+  roster.Connect(producer, IdOf("Piano: Keys"));
+  roster.Connect(producer, IdOf("Midi Through: Midi Through Port-0"));
+  producer.SprayNoteOn(1, 60, 64, 9000000);
+  system.sent.clear();
+  sequencer.reset();
+  EXPECT_EQ(system.removed, (std::vector<TAlsaAddress>{{14, 0}, {20, 0}}));
+  ASSERT_EQ(system.sent.size(), 2u * 48u);
+  ExpectSilence(&system.sent[0], 14, 0);
+  ExpectSilence(&system.sent[48], 20, 0);
+}
+
+/// The sequencer's device is one end of a pipe; what a crash writes comes out of the other.
+class AlsaCrash : public Alsa {
+ protected:
+  AlsaCrash() {
+    int ends[2] = {-1, -1};
+    EXPECT_EQ(pipe2(ends, O_NONBLOCK | O_CLOEXEC), 0);
+    mRead = ends[0];
+    system.device = ends[1];
+  }
+  ~AlsaCrash() override {
+    sequencer.reset();
+    close(mRead);
+    close(system.device);
+  }
+  std::vector<snd_seq_event_t> Written() {
+    std::vector<snd_seq_event_t> events(1000);
+    const ssize_t bytes = read(mRead, events.data(), events.size() * sizeof events[0]);
+    events.resize(bytes < 0 ? 0 : static_cast<size_t>(bytes) / sizeof events[0]);
+    return events;
+  }
+
+ private:
+  int mRead = -1;
+};
+
+TEST_F(AlsaCrash, SilencesAllConnectedPorts) {
+  Open();
+  roster.Connect(producer, IdOf("Piano: Keys"));
+  roster.Connect(producer, IdOf("Midi Through: Midi Through Port-0"));
+  EXPECT_TRUE(Written().empty());
+  silence_alsa_in_crash();
+  const std::vector<snd_seq_event_t> events = Written();
+  ASSERT_EQ(events.size(), 2u * 48u);
+  ExpectSilence(&events[0], 14, 0);
+  ExpectSilence(&events[48], 20, 0);
+}
+
+TEST_F(AlsaCrash, LeavesAloneWhatIsNotConnected) {
+  silence_alsa_in_crash();
+  Open();
+  silence_alsa_in_crash();
+  EXPECT_TRUE(Written().empty());
+  roster.Connect(producer, IdOf("Piano: Keys"));
+  roster.Connect(producer, IdOf("Midi Through: Midi Through Port-0"));
+  roster.Disconnect(producer, IdOf("Midi Through: Midi Through Port-0"));
+  silence_alsa_in_crash();
+  const std::vector<snd_seq_event_t> events = Written();
+  ASSERT_EQ(events.size(), 48u);
+  ExpectSilence(events.data(), 20, 0);
+}
+
+TEST_F(AlsaCrash, WritesNothingOnceTheClientHasGone) {
+  Open();
+  roster.Connect(producer, IdOf("Piano: Keys"));
+  sequencer.reset();
+  roster.UnregisterProducer(&producer);
+  silence_alsa_in_crash();
+  EXPECT_TRUE(Written().empty());
 }
 
 TEST_F(Alsa, AMutingProducerMakesNoConnectionThatOthersSee) {
