@@ -17,6 +17,7 @@ namespace zoka {
   ROW(snd_seq_create_simple_port)          \
   ROW(snd_seq_alloc_queue)                 \
   ROW(snd_seq_control_queue)               \
+  ROW(snd_seq_drain_output)                \
   ROW(snd_seq_connect_from)                \
   ROW(snd_seq_connect_to)                  \
   ROW(snd_seq_disconnect_to)               \

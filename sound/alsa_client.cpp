@@ -12,6 +12,7 @@ namespace zoka {
 namespace {
 
 constexpr size_t POOL_EVENTS = 2000;
+constexpr char NOTICE_PORT[] = "Notices";
 constexpr bigtime_t SECOND = 1000000;
 constexpr unsigned NANOSECONDS = 1000;
 
@@ -119,12 +120,19 @@ bool TAlsaClient::Prepare(const std::string& name) {
   mPort = mApi.snd_seq_create_simple_port(
       mSequencer, name.c_str(), SND_SEQ_PORT_CAP_READ | SND_SEQ_PORT_CAP_SUBS_READ,
       SND_SEQ_PORT_TYPE_MIDI_GENERIC | SND_SEQ_PORT_TYPE_APPLICATION);
+  // A port takes events only if it may be written to; this one no other program sees.
+  const int noticePort = mApi.snd_seq_create_simple_port(
+      mSequencer, NOTICE_PORT, SND_SEQ_PORT_CAP_WRITE | SND_SEQ_PORT_CAP_NO_EXPORT,
+      SND_SEQ_PORT_TYPE_APPLICATION);
   mQueue = mApi.snd_seq_alloc_queue(mSequencer);
-  if (mPort < 0 || mQueue < 0) return false;
+  if (mPort < 0 || noticePort < 0 || mQueue < 0) return false;
+  // The library keeps the order to start in its buffer until that is drained.
   mApi.snd_seq_control_queue(mSequencer, mQueue, SND_SEQ_EVENT_START, 0, nullptr);
+  mApi.snd_seq_drain_output(mSequencer);
   mOrigin = mClock.system_time();
   // The system's own port tells who comes and goes.
-  mApi.snd_seq_connect_from(mSequencer, mPort, SND_SEQ_CLIENT_SYSTEM, SND_SEQ_PORT_SYSTEM_ANNOUNCE);
+  mApi.snd_seq_connect_from(mSequencer, noticePort, SND_SEQ_CLIENT_SYSTEM,
+                            SND_SEQ_PORT_SYSTEM_ANNOUNCE);
   return true;
 }
 

@@ -58,7 +58,10 @@ struct TFakeSystem {
   std::deque<snd_seq_event_t> notices;
   snd_seq_event_t current = {};
   bool overrun = false;
-  bool announced = false;
+  bool announced = false;      // our side has a port that notices reach
+  bool startBuffered = false;  // the order to start the queue has been given
+  bool queueRuns = false;      // it has reached the system
+  int ourPorts = 0;
   int device = -1;  // the file that the library would write to
 };
 TFakeSystem* gSystem = nullptr;
@@ -82,13 +85,23 @@ TAlsaApi FakeApi() {
   };
   api.snd_seq_set_client_pool_output = [](snd_seq_t*, size_t) { return 0; };
   api.snd_seq_create_simple_port = [](snd_seq_t*, const char* name, unsigned capability, unsigned) {
-    gSystem->ports[{OUR_CLIENT, OUR_PORT}] = {name, capability};
-    return OUR_PORT;
+    const int port = gSystem->ourPorts++;
+    gSystem->ports[{OUR_CLIENT, port}] = {name, capability};
+    return port;
   };
   api.snd_seq_alloc_queue = [](snd_seq_t*) { return 3; };
-  api.snd_seq_control_queue = [](snd_seq_t*, int, int, int, snd_seq_event_t*) { return 0; };
-  api.snd_seq_connect_from = [](snd_seq_t*, int, int client, int port) {
-    gSystem->announced = client == 0 && port == 1;
+  api.snd_seq_control_queue = [](snd_seq_t*, int, int type, int, snd_seq_event_t*) {
+    gSystem->startBuffered = type == SND_SEQ_EVENT_START;
+    return 0;
+  };
+  api.snd_seq_drain_output = [](snd_seq_t*) {
+    gSystem->queueRuns = gSystem->startBuffered;
+    return 0;
+  };
+  api.snd_seq_connect_from = [](snd_seq_t*, int own, int client, int port) {
+    const bool isWritable =
+        (gSystem->ports[{OUR_CLIENT, own}].capability & SND_SEQ_PORT_CAP_WRITE) != 0;
+    gSystem->announced = client == 0 && port == 1 && isWritable;
     return 0;
   };
   api.snd_seq_connect_to = [](snd_seq_t*, int, int client, int port) {
@@ -99,6 +112,8 @@ TAlsaApi FakeApi() {
   };
   api.snd_seq_event_output_direct = [](snd_seq_t*, snd_seq_event_t* event) {
     if (!gSystem->ports.contains({event->dest.client, event->dest.port})) return -ENOENT;
+    // A queue that stands still lets nothing out.
+    if (event->queue != SND_SEQ_QUEUE_DIRECT && !gSystem->queueRuns) return 0;
     gSystem->sent.push_back(*event);
     if (event->type == SND_SEQ_EVENT_SYSEX) {
       gSystem->sysex.emplace_back(static_cast<const char*>(event->data.ext.ptr),
@@ -111,7 +126,7 @@ TAlsaApi FakeApi() {
       gSystem->overrun = false;
       return -ENOSPC;
     }
-    if (gSystem->notices.empty()) return -EAGAIN;
+    if (gSystem->notices.empty() || !gSystem->announced) return -EAGAIN;
     gSystem->current = gSystem->notices.front();
     gSystem->notices.pop_front();
     *event = &gSystem->current;
@@ -291,6 +306,12 @@ TEST_F(Alsa, OurPortIsNamedAfterTheProducer) {
   EXPECT_EQ(port.capability,
             static_cast<unsigned>(SND_SEQ_PORT_CAP_READ | SND_SEQ_PORT_CAP_SUBS_READ));
   EXPECT_TRUE(system.announced);
+  EXPECT_TRUE(system.queueRuns);
+  // The port of the notices is nobody else's.
+  EXPECT_EQ(system.ourPorts, 2);
+  const TFakePort& noticePort = system.ports[{OUR_CLIENT, OUR_PORT + 1}];
+  EXPECT_NE(noticePort.capability & SND_SEQ_PORT_CAP_NO_EXPORT, 0u);
+  EXPECT_EQ(noticePort.capability & SND_SEQ_PORT_CAP_SUBS_WRITE, 0u);
 }
 
 TEST_F(Alsa, PortsThatTakeEventsAreConsumers) {
