@@ -17,7 +17,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationVersion(zoka::APP_VERSION);
   zoka::TAppEngine engine(zoka::TSettingsPlace::OfUser(), zoka::TCatalogue::FromEnvironment());
   zoka::TBasicApp app(engine);
-  const zoka::TEndSignals signals([&app] { app.EndWithoutAsking(); });
+  const zoka::TEndSignals endSignals([&app] { app.EndWithoutAsking(); });
   const QStringList arguments = QApplication::arguments();
   app.ReadyToRun(arguments.size() > 1 ? QFile::encodeName(arguments[1]).toStdString() : "");
   return QApplication::exec();

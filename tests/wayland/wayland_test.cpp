@@ -28,9 +28,9 @@ TEST_F(TWaylandTest, StartsDrawsIsTypedIntoAndQuits) {
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&window, WAIT_MS));
   StartUntil(
       "10 SCREEN 3:CLS 3:LINE(0,300)-(639,399),2,BF\n"
-      "20 INPUT A$\n"
+      "20 INPUT \"word\";A$\n"
       "30 PRINT \"[\";A$;\"]\"\n",
-      "?");
+      "word?");
   QTest::keyClicks(&Widget(), "ab");
   QInputMethodEvent preedit("かんじ", {});
   QApplication::sendEvent(&Widget(), &preedit);
@@ -40,7 +40,7 @@ TEST_F(TWaylandTest, StartsDrawsIsTypedIntoAndQuits) {
   QApplication::sendEvent(&Widget(), &commit);
   EXPECT_EQ(Widget().Preedit(), "");
   QTest::keyClick(&Widget(), Qt::Key_Return);
-  ASSERT_TRUE(Until([this] { return IsIdle(); }));
+  ASSERT_TRUE(Until([this] { return IsIdle(); })) << Screen();
   EXPECT_TRUE(Shows("[ab漢字]")) << Screen();
   EXPECT_TRUE(Until(
       [this] { return Widget().grab().toImage().pixelColor(320, 350) == QColor(255, 0, 0); }));
