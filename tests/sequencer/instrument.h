@@ -29,7 +29,8 @@ class TInstrument {
   int Client() const { return mClient; }
   int Port() const { return mPort; }
 
-  /// The next event that comes within that many milliseconds; notices of connections are kept apart.
+  /// The next event that comes within that many milliseconds; notices of connections are kept
+  /// apart.
   std::optional<TArrival> Next(int timeoutMs);
   /// `count` events, or as many as come before one is longer away than `timeoutMs`.
   std::vector<TArrival> Take(size_t count, int timeoutMs);
