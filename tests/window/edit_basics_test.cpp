@@ -269,7 +269,11 @@ TEST_F(TEditBasicsTest, ACompileFaultLightsItsLineUpWithTheTextOfTheAlert) {
   ASSERT_TRUE(Until([&] { return IsIdle() && Edit().FaultLine() == 1; }));
   EXPECT_GT(CountOf(Picture(), Colours().fault), Picture().width());
   EXPECT_TRUE(Window().StatusText().contains(shown)) << Window().StatusText().toStdString();
-  // With the cursor elsewhere its own line is lit up beside the fault's.
+  // With the cursor elsewhere its own line is lit up beside the fault's, as long as the editor has
+  // the keyboard.
+  Window().activateWindow();
+  Edit().setFocus();
+  ASSERT_TRUE(Until([&] { return Edit().hasFocus() || Edit().viewport()->hasFocus(); }));
   GoTo(0, 0);
   EXPECT_GT(CountOf(Picture(), Colours().fault), Picture().width());
   EXPECT_GT(CountOf(Picture(), Colours().currentLine), Picture().width());
