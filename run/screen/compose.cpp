@@ -133,7 +133,8 @@ void TScreenPainter::PaintText(TFrameBuffer& target, const TRect& r) {
 }
 
 void TScreenPainter::PaintCell(TFrameBuffer& target, const TRect& r, int32_t row, int32_t col) {
-  const size_t at = static_cast<size_t>(row * mRsrc.txtCols + col);
+  const auto at =
+      static_cast<size_t>(row) * static_cast<size_t>(mRsrc.txtCols) + static_cast<size_t>(col);
   const TTxtCell& cell = mRsrc.txtCell[at];
   if (cell.IsEmpty() || cell.IsRightHalf()) return;
   mRsrc.LoadFont();
@@ -168,7 +169,7 @@ void TScreenPainter::PaintCursor(TFrameBuffer& target, const TRect& r) const {
   const size_t at = static_cast<size_t>(mRsrc.cursorPos);
   const TTxtCell& cell = mRsrc.txtCell[at];
   const bool hasOwnColor = !cell.IsEmpty() && !cell.IsRightHalf();
-  const int32_t color = hasOwnColor ? mRsrc.txtAttr[at] : mRsrc.txtColor;
+  const int8_t color = hasOwnColor ? mRsrc.txtAttr[at] : mRsrc.txtColor;
   const int32_t x = mRsrc.cursorPos % mRsrc.txtCols * mRsrc.cellWidth;
   const int32_t y = mRsrc.cursorPos / mRsrc.txtCols * mRsrc.cellHeight;
   const TRect block{x, y, x + mRsrc.cellWidth - 1, y + mRsrc.cellHeight - 1};
