@@ -37,6 +37,8 @@ TIAPWindow::TIAPWindow(TWindowContext& context, TIAPBoard& board,
 QPushButton* TIAPWindow::NewButton(const char* name, void (TIAPWindow::*clicked)()) {
   auto* button = new QPushButton(this);
   button->setObjectName(name);
+  // The Return key presses the button that has the focus, else OK.
+  button->setAutoDefault(true);
   connect(button, &QPushButton::clicked, this, clicked);
   return button;
 }

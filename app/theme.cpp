@@ -18,14 +18,15 @@ struct TThemeColours {
   QRgb highlight;
   QRgb highlighted;
   QRgb link;
+  QRgb visited;
 };
 
-constexpr TThemeColours LIGHT{0xFFEFEFEF, 0xFFFFFFFF, 0xFFEFEFEF, 0xFF000000,
-                              0xFF6E6E6E, 0xFF1A5FB4, 0xFFFFFFFF, 0xFF0B57D0};
-constexpr TThemeColours DARK{0xFF2B2B2B, 0xFF1E1E1E, 0xFF3A3A3A, 0xFFE6E6E6,
-                             0xFF9A9A9A, 0xFF3D7BD9, 0xFFFFFFFF, 0xFF8AB4F8};
-constexpr TThemeColours CONTRAST{0xFF000000, 0xFF000000, 0xFF000000, 0xFFFFFFFF,
-                                 0xFFB0B0B0, 0xFFFFFF00, 0xFF000000, 0xFFFFFF00};
+constexpr TThemeColours LIGHT{0xFFEFEFEF, 0xFFFFFFFF, 0xFFEFEFEF, 0xFF000000, 0xFF6E6E6E,
+                              0xFF1A5FB4, 0xFFFFFFFF, 0xFF0B57D0, 0xFF7B1FA2};
+constexpr TThemeColours DARK{0xFF2B2B2B, 0xFF1E1E1E, 0xFF3A3A3A, 0xFFE6E6E6, 0xFF9A9A9A,
+                             0xFF2F6CC8, 0xFFFFFFFF, 0xFF8AB4F8, 0xFFD7AEFB};
+constexpr TThemeColours CONTRAST{0xFF000000, 0xFF000000, 0xFF000000, 0xFFFFFFFF, 0xFFB0B0B0,
+                                 0xFFFFFF00, 0xFF000000, 0xFFFFFF00, 0xFFFF9CFF};
 
 QPalette palette_of(const TThemeColours& colours) {
   QPalette palette{QColor(colours.button), QColor(colours.window)};
@@ -41,6 +42,7 @@ QPalette palette_of(const TThemeColours& colours) {
   palette.setColor(QPalette::Highlight, colours.highlight);
   palette.setColor(QPalette::HighlightedText, colours.highlighted);
   palette.setColor(QPalette::Link, colours.link);
+  palette.setColor(QPalette::LinkVisited, colours.visited);
   return palette;
 }
 

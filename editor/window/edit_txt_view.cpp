@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <set>
 
+#include "common/window/fixed_font.h"
+
 namespace zoka {
 namespace {
 
@@ -163,7 +165,7 @@ void TEditTxtView::ApplyColours() {
 }
 
 void TEditTxtView::SetFontFamilyAndSize(const std::string& family, float points) {
-  QFont font(QString::fromStdString(family));
+  QFont font(present_fixed_family(family));
   font.setPointSizeF(static_cast<qreal>(points));
   mLexer->setDefaultFont(font);
   for (int style = 0; style < TEXT_STYLE_COUNT; ++style) mLexer->setFont(font, style);
