@@ -1,6 +1,13 @@
 // The themes: texts stand out from what is behind them, and a change reaches all windows at once.
 #include "app/theme.h"
 
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTabWidget>
 #include <cmath>
 
 #include "app/settings/iap_item.h"
@@ -76,6 +83,41 @@ TEST(Themes, WhatCannotBeUsedIsPalerAndStillToBeSeen) {
       EXPECT_LT(off, on) << theme << " " << pair.front;
     }
   }
+}
+
+/// True if some pixel of the control stands out from the window behind it.
+bool is_seen(QWidget& control, const QColor& window) {
+  constexpr double VISIBLE = 3.0;
+  control.resize(control.sizeHint().expandedTo(QSize(40, 40)));
+  const QImage picture = control.grab().toImage();
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      if (contrast(picture.pixelColor(x, y), window) >= VISIBLE) return true;
+    }
+  }
+  return false;
+}
+
+TEST(Themes, ControlsAreSeenWithoutATextInThem) {
+  for (const char* theme : {THEME_LIGHT, THEME_DARK, THEME_CONTRAST}) {
+    apply_theme(theme);
+    QLineEdit text;
+    QPushButton button;
+    QCheckBox box;
+    QComboBox menu;
+    QTabWidget pages;
+    pages.addTab(new QWidget, QString());
+    QGroupBox group;
+    QScrollBar bar;
+    bar.setRange(0, 10);
+    bar.setFixedSize(16, 100);
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{&text, &button, &box, &menu, &pages, &group, &bar}) {
+      EXPECT_TRUE(is_seen(*control, theme_palette(theme).color(QPalette::Window)))
+          << theme << " " << control->metaObject()->className();
+    }
+  }
+  apply_theme(FOLLOW_SYSTEM);
 }
 
 class ThemeChange : public TWalkRig {
