@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QElapsedTimer>
@@ -198,6 +199,21 @@ TEST_F(CommonPrefs, KeysPressTheButtons) {
   QTest::keyClick(first->Find<QComboBox>(THEME_ITEM), Qt::Key_Escape);
   EXPECT_FALSE(first->HasVisibleWindow());
   EXPECT_EQ(first->Value(THEME_ITEM), THEME_DARK);
+}
+
+TEST_F(CommonPrefs, TheKeyboardGoesThroughTheItemsAndThenTheButtons) {
+  first = App("first");
+  ShowWindowOf(*first);
+  first->Common().Window()->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(first->Common().Window()));
+  const char* names[] = {ACC_KEY_FORMAT_ITEM, FLAT_TOOL_BAR_ITEM, LANGUAGE_ITEM,
+                         THEME_ITEM,          "ButtonDefaults",   "ButtonCancel",
+                         "ButtonOK",          ACC_KEY_FORMAT_ITEM};
+  for (const char* name : names) {
+    ASSERT_NE(QApplication::focusWidget(), nullptr);
+    EXPECT_EQ(QApplication::focusWidget()->objectName().toStdString(), name);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  }
 }
 
 TEST_F(CommonPrefs, WhenTheOwnerEndsTheNextToAskHasTheWindow) {
