@@ -2,6 +2,7 @@
 #include "app/toolkit_texts.h"
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <algorithm>
 #include <iterator>
 #include <string_view>
@@ -122,7 +123,7 @@ const char* key_of(std::string_view text) {
 }  // namespace
 
 TToolkitTexts::TToolkitTexts(const TCatalogue& catalogue) : mCatalogue(catalogue) {
-  QCoreApplication::installTranslator(this);
+  Install();
 }
 
 TToolkitTexts::~TToolkitTexts() {
@@ -132,7 +133,13 @@ TToolkitTexts::~TToolkitTexts() {
 void TToolkitTexts::LanguageChanged() {
   // Installing is what makes the toolkit ask again.
   QCoreApplication::removeTranslator(this);
+  Install();
+}
+
+void TToolkitTexts::Install() {
   QCoreApplication::installTranslator(this);
+  // Now, and not when windows have given their parts texts of their own.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::LanguageChange);
 }
 
 QString TToolkitTexts::translate(const char*, const char* sourceText, const char*, int) const {

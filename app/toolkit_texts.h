@@ -25,6 +25,8 @@ class TToolkitTexts final : public QTranslator {
                     int number) const override;
 
  private:
+  void Install();
+
   const TCatalogue& mCatalogue;
 };
 

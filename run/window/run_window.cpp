@@ -138,8 +138,8 @@ void TRunWindow::SetPanelLabels() {
   if (!mSpecifyPanel) return;
   mSpecifyPanel->setWindowTitle(QString::fromStdString(
       replace_placeholder(GetString("%AppName%: Specify Drive Folder"), "%AppName%", APP_NAME)));
-  mSpecifyPanel->setLabelText(QFileDialog::Accept, QString::fromStdString(GetString("Specify")));
   mSpecifyPanel->setNameFilter(QString::fromStdString(GetString("Directories")));
+  mSpecifyPanel->setLabelText(QFileDialog::Accept, QString::fromStdString(GetString("Specify")));
 }
 
 void TRunWindow::SetFDDAccessLampRqtd(const TMessage& message) {
