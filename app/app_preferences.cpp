@@ -22,6 +22,7 @@ TAppPreferences::TAppPreferences(TAppEngine& engine, TWindowContext& context,
                                  TMidiLocalProducer& producer)
     : mEngine(engine),
       mContext(context),
+      mToolkitTexts(*engine.Context().catalogue),
       mMidiOutputs(std::make_unique<TMidiOutputs>(engine.Context(), engine.Registry(), context.app,
                                                   producer, engine.IsFirstStart())),
       mCommonPrefs(std::make_unique<TCommonPrefs>(mContext, *engine.Context().interAppPrefs,
@@ -89,6 +90,7 @@ void TAppPreferences::ApplyLanguage() {
   const TLanguage before = mEngine.Context().catalogue->Language();
   mEngine.ApplyLanguage();
   if (mEngine.Context().catalogue->Language() == before) return;
+  mToolkitTexts.LanguageChanged();
   mContext.registry.Post(mContext.app, TMessage(LANGUAGE_CHANGED_CODE));
 }
 

@@ -12,6 +12,7 @@
 #include "app/common_prefs.h"
 #include "app/midi_outputs.h"
 #include "app/preferences_window.h"
+#include "app/toolkit_texts.h"
 
 namespace zoka {
 
@@ -48,6 +49,7 @@ class TAppPreferences {
 
   TAppEngine& mEngine;
   TWindowContext mContext;
+  TToolkitTexts mToolkitTexts;
   QWidget* mMainWindow = nullptr;
   std::function<void(const std::string&)> mSay = [](const std::string&) {};
   std::unique_ptr<TMidiOutputs> mMidiOutputs;

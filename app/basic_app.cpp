@@ -116,9 +116,8 @@ void TBasicApp::MessageReceived(const TMessage& message) {
     case message_code("pusc"):
       return mRunWindow->PostMessage(message);
     case message_code(LANGUAGE_CHANGED_CODE):
-      SetLabels();
-      return Broadcast(message);
     case message_code(IAP_CHANGED_CODE):
+      SetLabels();
       return Broadcast(message);
     default:
       return;

@@ -41,6 +41,8 @@ TCommonPrefs::TCommonPrefs(TWindowContext& context, TInterAppPrefs& prefs,
 
 void TCommonPrefs::ShowWindow() {
   if (mWindow && !mWindow->isHidden()) return mWindow->Appear();
+  // Nobody waits longer than this, be it for an owner that does not even take the call.
+  mAnswer.start();
   mPort.Search();
 }
 
@@ -82,7 +84,7 @@ void TCommonPrefs::Received(TIAPPeer peer, const TMessage& message) {
     case message_code(IAP_COMPONENT_CODE):
       if (TIAPComponent component;
           mPort.Role() == TIAPRole::Owner && component_of_message(message, &component)) {
-        if (mBoard.AddComponent(component) && mWindow) mWindow->AddComponents();
+        AddComponent(peer, component);
       }
       return;
     case message_code(IAP_VALUE_CODE):
@@ -94,6 +96,19 @@ void TCommonPrefs::Received(TIAPPeer peer, const TMessage& message) {
       return;
   }
   if (!mTick.isActive()) mTick.start();
+}
+
+void TCommonPrefs::AddComponent(TIAPPeer peer, const TIAPComponent& component) {
+  if (mBoard.AddComponent(component)) {
+    if (mWindow) mWindow->AddComponents();
+    return;
+  }
+  // The application may have come in the middle of a change: what the window shows holds.
+  for (const TIAPComponent& known : mBoard.Components()) {
+    const TMessage& value = known.Value(TIAPValue::Current);
+    const bool differs = !same_iap_value(value, component.Value(TIAPValue::Current));
+    if (known.name == component.name && differs) mPort.Send(peer, value);
+  }
 }
 
 void TCommonPrefs::HandleWaiting() {

@@ -42,6 +42,8 @@ class TCommonPrefs final : private QObject {
   void AskOwner();
   void Received(TIAPPeer peer, const TMessage& message);
   void HandleWaiting();
+  /// An application has told the owner of an item that it has.
+  void AddComponent(TIAPPeer peer, const TIAPComponent& component);
   void ReloadFiles();
   /// The board follows what this application's items hold.
   void SyncBoard();

@@ -36,6 +36,8 @@ TIAPPortManager::~TIAPPortManager() {
   mCalls = {};
   for (auto& [peer, client] : mPeers) {
     client.socket->disconnect(this);
+    // The last words still go out, if nobody has to wait for that.
+    client.socket->flush();
     client.socket->abort();
   }
   if (mConnecting) mConnecting->disconnect(this);
@@ -157,7 +159,7 @@ TIAPPeer TIAPPortManager::AddPeer(QLocalSocket* socket) {
 
 void TIAPPortManager::Read(TIAPPeer peer) {
   auto found = mPeers.find(peer);
-  if (found == mPeers.end()) return;
+  if (found == mPeers.end() || !found->second.socket->isOpen()) return;
   found->second.reader.Add(found->second.socket->readAll().toStdString());
   TMessage message;
   // A message's handling may drop anybody.
@@ -180,6 +182,12 @@ void TIAPPortManager::Drop(TIAPPeer peer) {
 }
 
 void TIAPPortManager::GiveUp() {
+  mSearching = false;
+  mRetry.stop();
+  if (mConnecting) {
+    mConnecting->disconnect(this);
+    std::exchange(mConnecting, nullptr)->deleteLater();
+  }
   while (!mPeers.empty()) Drop(mPeers.begin()->first);
   mRole = TIAPRole::Alone;
 }

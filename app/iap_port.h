@@ -59,7 +59,7 @@ class TIAPPortManager final : public QObject {
   /// owner.
   void Send(TIAPPeer to, const TMessage& message);
   void Spread(const TMessage& message, TIAPPeer except);
-  /// The owner does not answer: does without it.
+  /// The owner does not answer, or the search for it does not end: does without it.
   void GiveUp();
 
  private:

@@ -37,6 +37,8 @@ TIAPWindow::TIAPWindow(TWindowContext& context, TIAPBoard& board,
 QPushButton* TIAPWindow::NewButton(const char* name, void (TIAPWindow::*clicked)()) {
   auto* button = new QPushButton(this);
   button->setObjectName(name);
+  // The Return key presses the button that has the focus, else OK.
+  button->setAutoDefault(true);
   connect(button, &QPushButton::clicked, this, clicked);
   return button;
 }
@@ -67,6 +69,7 @@ void TIAPWindow::AddComponents() {
       mControls[component.name] = MakeConfigurationView(component);
     }
   }
+  SetTabOrders();
   SetViewLabel();
   SetComponents();
 }
@@ -111,7 +114,7 @@ TIAPWindow::TControl TIAPWindow::MakeMenu(const TIAPComponent& component) {
     const QSignalBlocker blocker(menu);
     menu->setCurrentIndex(menu->findData(QByteArray::fromStdString(text)));
   };
-  return {setLabel, setValue};
+  return {menu, setLabel, setValue};
 }
 
 TIAPWindow::TControl TIAPWindow::MakeBox(const TIAPComponent& component) {
@@ -132,7 +135,19 @@ TIAPWindow::TControl TIAPWindow::MakeBox(const TIAPComponent& component) {
     value.FindBool(IAP_VALUE_KEY, &on);
     box->setChecked(on);
   };
-  return {setLabel, setValue};
+  return {box, setLabel, setValue};
+}
+
+void TIAPWindow::SetTabOrders() {
+  QWidget* last = nullptr;
+  const auto follow = [&last](QWidget* next) {
+    if (last != nullptr) setTabOrder(last, next);
+    last = next;
+  };
+  for (const TIAPComponent& component : mBoard.Components()) {
+    follow(mControls.at(component.name).widget);
+  }
+  for (QWidget* button : {mDefaults, mCancel, mOk}) follow(button);
 }
 
 void TIAPWindow::SetViewLabel() {
@@ -151,7 +166,12 @@ void TIAPWindow::SetComponents() {
 
 void TIAPWindow::Open() {
   AddComponents();
-  if (isHidden()) mBoard.Keep();
+  if (isHidden()) {
+    mBoard.Keep();
+    if (!mBoard.Components().empty()) {
+      mControls.at(mBoard.Components().front().name).widget->setFocus();
+    }
+  }
   Appear();
 }
 

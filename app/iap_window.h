@@ -42,6 +42,7 @@ class TIAPWindow final : public TBasicWindow {
 
  private:
   struct TControl {
+    QWidget* widget = nullptr;
     std::function<void()> setLabel;
     std::function<void(const TMessage& value)> setValue;
   };
@@ -52,6 +53,7 @@ class TIAPWindow final : public TBasicWindow {
   QPushButton* NewButton(const char* name, void (TIAPWindow::*clicked)());
   void CreateButtons(QVBoxLayout* whole);
   void SetViewLabel();
+  void SetTabOrders();
   void ControlChanged(const TMessage& value);
   void Spread(const std::vector<TMessage>& values);
   QString Label(const std::string& text, const std::string& key) const;

@@ -5,6 +5,7 @@
 
 #include "app/basic_app.h"
 #include "app/end_signals.h"
+#include "app/held_modifiers.h"
 #include "common/last_acts.h"
 #include "sound/alsa_client.h"
 
@@ -15,7 +16,9 @@ int main(int argc, char** argv) {
   std::setlocale(LC_NUMERIC, "C");
   QApplication::setApplicationName(zoka::APP_NAME);
   QApplication::setApplicationVersion(zoka::APP_VERSION);
-  zoka::TAppEngine engine(zoka::TSettingsPlace::OfUser(), zoka::TCatalogue::FromEnvironment());
+  zoka::TSettingsPlace place = zoka::TSettingsPlace::OfUser();
+  place.modifiers = zoka::held_modifiers;
+  zoka::TAppEngine engine(place, zoka::TCatalogue::FromEnvironment());
   zoka::TBasicApp app(engine);
   const zoka::TEndSignals endSignals([&app] { app.EndWithoutAsking(); });
   const QStringList arguments = QApplication::arguments();

@@ -192,6 +192,7 @@ void TPrefsView::CreateSoundTab() {
   QGridLayout* grid = AddTab("Sound");
   mMidiOut = new QPushButton(this);
   mMidiOut->setObjectName("MFieldMidiOut");
+  mMidiOut->setAutoDefault(true);
   mMidiMenu = new QMenu(mMidiOut);
   mMidiOut->setMenu(mMidiMenu);
   QLineEdit* latency = NewText(TPrefsNumber::MidiLatency, "tmlc");
@@ -248,6 +249,8 @@ QPushButton* TPrefsView::NewButton(const char* text, const char* key, const char
                                    void (TPrefsView::*clicked)()) {
   auto* button = new QPushButton(this);
   button->setObjectName(name);
+  // The Return key presses the button that has the focus, else OK.
+  button->setAutoDefault(true);
   mLabels.emplace_back([this, button, text, key] {
     button->setText(menu_label(mContext.engine, mContext.engine.catalogue->GetString(text), key));
   });

@@ -1,10 +1,12 @@
-// Palettes of the themes.
+// Colours of the themes.
 #include "app/theme.h"
 
 #include <QApplication>
+#include <QStyle>
 #include <QToolTip>
 
 #include "app/settings/iap_item.h"
+#include "app/theme_style.h"
 
 namespace zoka {
 namespace {
@@ -18,14 +20,16 @@ struct TThemeColours {
   QRgb highlight;
   QRgb highlighted;
   QRgb link;
+  QRgb visited;
+  QRgb frame;  // around controls
 };
 
-constexpr TThemeColours LIGHT{0xFFEFEFEF, 0xFFFFFFFF, 0xFFEFEFEF, 0xFF000000,
-                              0xFF6E6E6E, 0xFF1A5FB4, 0xFFFFFFFF, 0xFF0B57D0};
-constexpr TThemeColours DARK{0xFF2B2B2B, 0xFF1E1E1E, 0xFF3A3A3A, 0xFFE6E6E6,
-                             0xFF9A9A9A, 0xFF3D7BD9, 0xFFFFFFFF, 0xFF8AB4F8};
-constexpr TThemeColours CONTRAST{0xFF000000, 0xFF000000, 0xFF000000, 0xFFFFFFFF,
-                                 0xFFB0B0B0, 0xFFFFFF00, 0xFF000000, 0xFFFFFF00};
+constexpr TThemeColours LIGHT{0xFFEFEFEF, 0xFFFFFFFF, 0xFFEFEFEF, 0xFF000000, 0xFF6E6E6E,
+                              0xFF1A5FB4, 0xFFFFFFFF, 0xFF0B57D0, 0xFF7B1FA2, 0xFF868686};
+constexpr TThemeColours DARK{0xFF2B2B2B, 0xFF1E1E1E, 0xFF3A3A3A, 0xFFE6E6E6, 0xFF9A9A9A,
+                             0xFF2F6CC8, 0xFFFFFFFF, 0xFF8AB4F8, 0xFFD7AEFB, 0xFF828282};
+constexpr TThemeColours CONTRAST{0xFF000000, 0xFF000000, 0xFF000000, 0xFFFFFFFF, 0xFFB0B0B0,
+                                 0xFFFFFF00, 0xFF000000, 0xFFFFFF00, 0xFFFF9CFF, 0xFFFFFFFF};
 
 QPalette palette_of(const TThemeColours& colours) {
   QPalette palette{QColor(colours.button), QColor(colours.window)};
@@ -41,21 +45,35 @@ QPalette palette_of(const TThemeColours& colours) {
   palette.setColor(QPalette::Highlight, colours.highlight);
   palette.setColor(QPalette::HighlightedText, colours.highlighted);
   palette.setColor(QPalette::Link, colours.link);
+  palette.setColor(QPalette::LinkVisited, colours.visited);
   return palette;
+}
+
+/// The colours of a theme; null for the system's.
+const TThemeColours* colours_of(const std::string& theme) {
+  if (theme == THEME_LIGHT) return &LIGHT;
+  if (theme == THEME_DARK) return &DARK;
+  return theme == THEME_CONTRAST ? &CONTRAST : nullptr;
 }
 
 }  // namespace
 
 QPalette theme_palette(const std::string& theme) {
-  if (theme == THEME_DARK) return palette_of(DARK);
-  if (theme == THEME_CONTRAST) return palette_of(CONTRAST);
-  return palette_of(LIGHT);
+  const TThemeColours* const colours = colours_of(theme);
+  return palette_of(colours != nullptr ? *colours : LIGHT);
 }
 
 void apply_theme(const std::string& theme) {
-  const bool own = theme == THEME_LIGHT || theme == THEME_DARK || theme == THEME_CONTRAST;
-  // Without colours of its own the application has the system's.
-  QApplication::setPalette(own ? theme_palette(theme) : QPalette());
+  static const QString SYSTEM_STYLE = QApplication::style()->name();
+  const TThemeColours* const colours = colours_of(theme);
+  if (colours != nullptr) {
+    QApplication::setStyle(new TThemeStyle(QColor(colours->frame)));
+    QApplication::setPalette(palette_of(*colours));
+  } else {
+    // Without colours of its own the application has the system's.
+    QApplication::setStyle(SYSTEM_STYLE);
+    QApplication::setPalette(QPalette());
+  }
   QToolTip::setPalette(QApplication::palette());
 }
 

@@ -38,7 +38,7 @@ TZokaBasicWindow::TZokaBasicWindow(TWindowContext& context, TRunWindow& runWindo
   setFocusProxy(mView);
   std::string path;
   if (get_settings_entry(mPlace, SETTINGS_FOLDER, HISTORY_FILE, false, &path) == 0) {
-    mMruf.Load(path);
+    if (mMruf.Load(path) != 0) set_aside_if_damaged(mPlace, path);
   }
   mView->SetCalls({[this] { SetWinTitle(); }, [this] { UpdateItems(); },
                    [this](const std::string& file) { AddHistoryRqtd(file); }});
@@ -48,6 +48,8 @@ TZokaBasicWindow::TZokaBasicWindow(TWindowContext& context, TRunWindow& runWindo
   } else {
     resize(static_cast<int>(frame.right - frame.left), static_cast<int>(frame.bottom - frame.top));
   }
+  // Of a screen that was larger.
+  resize(size().boundedTo(screen()->availableSize()));
   MoveToFrame(frame);
   CreateMenu();
   SetWinTitle();

@@ -52,11 +52,15 @@ bool component_of_message(const TMessage& message, TIAPComponent* component) {
     return false;
   }
   message.FindString(LETTER_KEY, &read.configuration.key);
+  if (read.configuration.label.size() > MAX_IAP_LABEL ||
+      read.configuration.key.size() > MAX_IAP_LABEL) {
+    return false;
+  }
   TIAPChoice choice;
   auto& choices = read.configuration.choices;
   while (message.FindString(CHOICE_VALUE_KEY, &choice.value, choices.size()) &&
          message.FindString(CHOICE_LABEL_KEY, &choice.label, choices.size())) {
-    if (choices.size() == MAX_IAP_CHOICES) return false;
+    if (choices.size() == MAX_IAP_CHOICES || choice.label.size() > MAX_IAP_LABEL) return false;
     choices.push_back(choice);
   }
   if (!is_possible(read.configuration, message) || !is_possible(read.configuration, standard)) {

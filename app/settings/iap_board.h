@@ -16,9 +16,11 @@ constexpr const char IAP_VALUE_CODE[] = "_ipc";
 /// An application's item, for the window: what TIAPComponent holds.
 constexpr const char IAP_COMPONENT_CODE[] = "IAcp";
 
-/// More items than this are of no use to anybody, nor are more choices.
-constexpr size_t MAX_IAP_COMPONENTS = 64;
+/// More items than fit on a screen are of no use to anybody, nor are more choices, nor labels, in
+/// bytes, that are wider than a window.
+constexpr size_t MAX_IAP_COMPONENTS = 16;
 constexpr size_t MAX_IAP_CHOICES = 64;
+constexpr size_t MAX_IAP_LABEL = 100;
 
 /// Which value of an item.
 enum class TIAPValue : uint8_t { Opened, Current, Default };

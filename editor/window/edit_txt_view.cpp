@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <set>
 
+#include "common/window/fixed_font.h"
+
 namespace zoka {
 namespace {
 
@@ -181,7 +183,7 @@ void TEditTxtView::ColourCaretLine() {
 }
 
 void TEditTxtView::SetFontFamilyAndSize(const std::string& family, float points) {
-  QFont font(QString::fromStdString(family));
+  QFont font(present_fixed_family(family));
   font.setPointSizeF(static_cast<qreal>(points));
   mLexer->setDefaultFont(font);
   for (int style = 0; style < TEXT_STYLE_COUNT; ++style) mLexer->setFont(font, style);

@@ -50,6 +50,7 @@ TZokaOpenPanel::TZokaOpenPanel(QWidget* parent, const TEngineContext& context)
 void TZokaOpenPanel::SetLabels() {
   setWindowTitle(localized(mContext, "%AppName%: Open").replace("%AppName%", APP_NAME));
   set_name_filters(*this, mContext);
+  setLabelText(Accept, localized(mContext, "&Open"));
   const QString marked = localized(mContext, "Encoding");
   mEncodingLabel->setText(marked);
   mEncoding->setAccessibleName(marked);
@@ -89,6 +90,7 @@ TZokaSavePanel::TZokaSavePanel(QWidget* parent, const TEngineContext& context)
 
 void TZokaSavePanel::SetLabels() {
   setWindowTitle(localized(mContext, "%AppName%: Save").replace("%AppName%", APP_NAME));
+  setLabelText(Accept, localized(mContext, "&Save"));
   set_name_filters(*this, mContext);
 }
 

@@ -87,6 +87,7 @@ void TRunWindow::MessageReceived(const TMessage& message) {
 
 void TRunWindow::LanguageChanged() {
   SetLabelsCommon();
+  SetPanelLabels();
   mRunView.LanguageChanged();
 }
 
@@ -128,11 +129,17 @@ void TRunWindow::MItemSpecifyDrvFolderClicked(const TMessage& message) {
       mRunView.SetDriveFolder(mSpecifyDrive, QFile::encodeName(path).toStdString());
     });
   }
-  mSpecifyPanel->setWindowTitle(QString::fromStdString(
-      replace_placeholder(GetString("%AppName%: Specify Drive Folder"), "%AppName%", APP_NAME)));
-  mSpecifyPanel->setLabelText(QFileDialog::Accept, QString::fromStdString(GetString("Specify")));
+  SetPanelLabels();
   mSpecifyPanel->show();
   mSpecifyPanel->raise();
+}
+
+void TRunWindow::SetPanelLabels() {
+  if (!mSpecifyPanel) return;
+  mSpecifyPanel->setWindowTitle(QString::fromStdString(
+      replace_placeholder(GetString("%AppName%: Specify Drive Folder"), "%AppName%", APP_NAME)));
+  mSpecifyPanel->setNameFilter(QString::fromStdString(GetString("Directories")));
+  mSpecifyPanel->setLabelText(QFileDialog::Accept, QString::fromStdString(GetString("Specify")));
 }
 
 void TRunWindow::SetFDDAccessLampRqtd(const TMessage& message) {

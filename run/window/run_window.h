@@ -63,6 +63,7 @@ class TRunWindow final : public TBasicWindow {
   void UpdateMenuDrvFolderRqtd(const TMessage& message);
   void SetDriveItemText(size_t drive, const std::string& name);
   void MItemSpecifyDrvFolderClicked(const TMessage& message);
+  void SetPanelLabels();
   void SetDrvFolderRqtd(const TMessage& message);
   void SetFDDAccessLampRqtd(const TMessage& message);
   void SetSpeed(bigtime_t interval);

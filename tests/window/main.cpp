@@ -3,8 +3,15 @@
 
 #include <QApplication>
 #include <clocale>
+#include <cstring>
+
+#include "tests/window/port_process.h"
 
 int main(int argc, char** argv) {
+  if (argc == 3 && std::strcmp(argv[1], zoka::PORT_PROCESS_OPTION) == 0) {
+    QCoreApplication application(argc, argv);
+    return zoka::run_port_process(argv[2]);
+  }
   testing::InitGoogleTest(&argc, argv);
   // Listing the tests needs no screen.
   if (testing::GTEST_FLAG(list_tests)) return RUN_ALL_TESTS();

@@ -1,0 +1,166 @@
+// Opening the windows.
+#include "tests/window/walked_windows.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QTabWidget>
+#include <QtTest/QTest>
+#include <thread>
+
+#include "app/settings/show_alert.h"
+
+namespace zoka {
+namespace {
+
+constexpr int WAIT_MS = 10'000;
+
+QWidget* if_visible(QWidget* window) {
+  return window != nullptr && window->isVisible() ? window : nullptr;
+}
+
+QWidget* dialog_named(const char* name) {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->objectName() == name && window->isVisible()) return window;
+  }
+  return nullptr;
+}
+
+QWidget* open_main(const TWalkedApp& walked) {
+  TZokaBasicWindow& window = walked.app.MainWindow();
+  window.View().FindBar().hide();
+  // As large as at the first start, whatever the screen of the test.
+  window.resize(820, 600);
+  if (walked.program != window.Document().CurPath()) window.OpenFile(walked.program);
+  window.Appear();
+  return &window;
+}
+
+QWidget* open_find_bar(const TWalkedApp& walked) {
+  QWidget* const window = open_main(walked);
+  walked.app.MainWindow().View().FindBar().Appear();
+  return window;
+}
+
+QWidget* open_run_window(const TWalkedApp& walked) {
+  walked.app.RunWindow().Appear();
+  return &walked.app.RunWindow();
+}
+
+QWidget* open_preferences(const TWalkedApp& walked) {
+  walked.app.Preferences().MessageReceived(TMessage("_prf"));
+  return if_visible(walked.app.Preferences().PrefsWindow());
+}
+
+QWidget* open_common(const TWalkedApp& walked) {
+  TCommonPrefs& common = walked.app.Preferences().CommonPrefs();
+  common.ShowWindow();
+  return if_visible(common.Window());
+}
+
+template <TDialogWindow& (*DIALOG)(TBasicApp&)>
+QWidget* open_dialog(const TWalkedApp& walked) {
+  TDialogWindow& dialog = DIALOG(walked.app);
+  dialog.Appear();
+  return &dialog;
+}
+TDialogWindow& go_to_line(TBasicApp& app) {
+  return app.GoToLineWindow();
+}
+TDialogWindow& run_line(TBasicApp& app) {
+  return app.RunLineWindow();
+}
+TDialogWindow& renumber(TBasicApp& app) {
+  return app.RenumWindow();
+}
+
+QWidget* open_open_panel(const TWalkedApp& walked) {
+  walked.app.MainWindow().MessageReceived(TMessage("_opn"));
+  return walked.app.MainWindow().OpenPanel();
+}
+
+QWidget* open_save_panel(const TWalkedApp& walked) {
+  walked.app.MainWindow().MessageReceived(TMessage("_sva"));
+  return walked.app.MainWindow().SavePanel();
+}
+
+QWidget* open_folder_panel(const TWalkedApp& walked) {
+  TMessage message("spdf");
+  message.AddInt32("DrvFolderIdx", 0);
+  walked.app.RunWindow().MessageReceived(message);
+  return walked.app.RunWindow().findChild<QFileDialog*>();
+}
+
+QWidget* open_about(const TWalkedApp& walked) {
+  QWidget* const open = dialog_named("AboutWindow");
+  if (open == nullptr) walked.app.PostMessage(TMessage("_ABR"));
+  return open;
+}
+
+/// The question with three buttons. A thread without a waiter does not stand in it.
+QWidget* open_question(const TWalkedApp& walked) {
+  if (walked.engine.Alerts().OpenDialog() == nullptr) {
+    const TCatalogue& texts = *walked.engine.Context().catalogue;
+    TAlert alert;
+    alert.text =
+        replace_placeholder(texts.GetString("@Ask_Save %FileName%@"), "%FileName%", "maze.bas");
+    alert.title = replace_placeholder(texts.GetString("* %AppName% *"), "%AppName%", APP_NAME);
+    for (const auto& [label, key] : {std::pair("Cancel", ""), {"No", "N"}, {"Yes", "Y"}}) {
+      alert.buttons.push_back(merged_label(walked.engine.Context(), label, key));
+    }
+    alert.escapeIndex = 0;
+    std::thread([&] { walked.engine.Alerts().ShowAlert(alert, nullptr); }).join();
+  }
+  return if_visible(walked.engine.Alerts().OpenDialog());
+}
+
+}  // namespace
+
+const std::vector<TWalkedWindow>& walked_windows() {
+  static const std::vector<TWalkedWindow> WINDOWS{
+      {"main", open_main},
+      {"find", open_find_bar},
+      {"run", open_run_window},
+      {"preferences", open_preferences},
+      {"common", open_common},
+      {"go-to-line", open_dialog<go_to_line>},
+      {"run-line", open_dialog<run_line>},
+      {"renumber", open_dialog<renumber>},
+      {"open", open_open_panel},
+      {"save", open_save_panel},
+      {"folder", open_folder_panel},
+      {"about", open_about},
+      {"question", open_question},
+  };
+  return WINDOWS;
+}
+
+QWidget* open_walked_window(const TWalkedWindow& window, const TWalkedApp& app) {
+  QWidget* opened = nullptr;
+  const bool came = QTest::qWaitFor(
+      [&] { return (opened = window.open(app)) != nullptr && opened->isVisible(); }, WAIT_MS);
+  if (!came) return nullptr;
+  opened->activateWindow();
+  QTest::qWait(0);
+  return opened;
+}
+
+void close_walked_window(QWidget& window, const TWalkedApp& app) {
+  if (auto* const dialog = qobject_cast<QDialog*>(&window)) {
+    dialog->reject();
+  } else if (&window != &app.app.MainWindow()) {
+    window.hide();
+  }
+  QTest::qWait(0);
+}
+
+void for_each_page(QWidget& window, const std::function<void(const QString& page)>& look) {
+  auto* const tabs = window.findChild<QTabWidget*>();
+  if (tabs == nullptr) return look(QString());
+  for (int page = 0; page < tabs->count(); ++page) {
+    tabs->setCurrentIndex(page);
+    QTest::qWait(0);
+    look(tabs->tabText(page));
+  }
+}
+
+}  // namespace zoka
