@@ -27,6 +27,14 @@ QString path_of(const std::string& bytes) {
   return QFile::decodeName(QByteArray::fromStdString(bytes));
 }
 
+/// Messages that bring the editor to work.
+bool needs_editor(const TMessage& message) {
+  for (const char* code : {"_new", "_smp", "_RRC", "PSTE", "run", "rnlr"}) {
+    if (message.what == message_code(code)) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 TZokaBasicWindow::TZokaBasicWindow(TWindowContext& context, TRunWindow& runWindow,
@@ -38,7 +46,7 @@ TZokaBasicWindow::TZokaBasicWindow(TWindowContext& context, TRunWindow& runWindo
   setFocusProxy(mView);
   std::string path;
   if (get_settings_entry(mPlace, SETTINGS_FOLDER, HISTORY_FILE, false, &path) == 0) {
-    mMruf.Load(path);
+    if (mMruf.Load(path) != 0) set_aside_if_damaged(mPlace, path);
   }
   mView->SetCalls({[this] { SetWinTitle(); }, [this] { UpdateItems(); },
                    [this](const std::string& file) { AddHistoryRqtd(file); }});
@@ -75,7 +83,21 @@ bool TZokaBasicWindow::AskQuit() {
   return mView->Requests().AskSave(TMessage("_QRQ"), WindowContext().app);
 }
 
+void TZokaBasicWindow::SetHasAuthorPage(bool has) {
+  mHasAuthorPage = has;
+  UpdateItems();
+}
+
+void TZokaBasicWindow::UncoverEditor() {
+  if (!mCover) return;
+  mCover->hide();
+  mCover->deleteLater();
+  mCover.clear();
+  mView->setFocus();
+}
+
 void TZokaBasicWindow::MessageReceived(const TMessage& message) {
+  if (needs_editor(message)) UncoverEditor();
   switch (message.what) {
     case message_code("_sva"):
       return MItemSaveAsClicked(message);
@@ -218,10 +240,7 @@ void TZokaBasicWindow::MItemDelAllMRULsClicked() {
 void TZokaBasicWindow::HistoryItemClicked(const std::string& path) {
   TMessage message("_RRC");
   message.AddRef("refs", TPathRef{path});
-  // Keys that are held down count now, not when the message's turn comes.
-  const Qt::KeyboardModifiers held = QApplication::keyboardModifiers();
-  if (held & Qt::ControlModifier) message.AddBool(CONTROL_HELD, true);
-  if (held & (Qt::AltModifier | Qt::MetaModifier)) message.AddBool(OPTION_HELD, true);
+  add_held_modifiers(&message, true);
   PostMessage(message);
 }
 
