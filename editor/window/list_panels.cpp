@@ -14,6 +14,8 @@
 namespace zoka {
 namespace {
 
+/// Wide enough for names, types and dates of files.
+constexpr QSize PANEL_SIZE(760, 480);
 constexpr const char* ENCODINGS[] = {"Auto Detect", "UTF-8 (BeOS)", "Shift-JIS (DOS-BASIC)",
                                      "JIS / NEC JIS (DISK-BASIC)"};
 
@@ -39,6 +41,7 @@ TZokaOpenPanel::TZokaOpenPanel(QWidget* parent, const TEngineContext& context)
       mAdd(new QCheckBox(this)) {
   setOption(DontUseNativeDialog);
   setFileMode(ExistingFile);
+  resize(PANEL_SIZE);
   new TPanelCompleter(this);
   for (const char* encoding : ENCODINGS) mEncoding->addItem(encoding);
   // Encodings are known by their places, and the separator takes one.
@@ -91,6 +94,7 @@ TZokaSavePanel::TZokaSavePanel(QWidget* parent, const TEngineContext& context)
   setOption(DontUseNativeDialog);
   setAcceptMode(AcceptSave);
   setFileMode(AnyFile);
+  resize(PANEL_SIZE);
   new TPanelCompleter(this);
   // With the extension there before the question whether to replace a file, it asks for the right
   // one.
