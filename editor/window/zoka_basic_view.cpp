@@ -66,9 +66,7 @@ TZokaBasicView::TZokaBasicView(TBasicWindow& window, TEngineContext& context,
   mJournalTimer.setSingleShot(true);
   mJournalTimer.setInterval(JOURNAL_INTERVAL_MS);
   connect(&mJournalTimer, &QTimer::timeout, this, [this] { KeepUnsaved(); });
-  connect(&mAutoSaveTimer, &QTimer::timeout, this, [this] {
-    if (mSlot.IsOpen()) mDocument.SaveList(mSlot.ListPath(), true);
-  });
+  connect(&mAutoSaveTimer, &QTimer::timeout, this, [this] { MessageReceived(TMessage("asvr")); });
   mNextRun.setSingleShot(true);
   mNextRun.setInterval(NEXT_RUN_MS);
   connect(&mNextRun, &QTimer::timeout, this, [this] { mRequests.MessageReceived(mNextRequest); });
@@ -115,6 +113,11 @@ void TZokaBasicView::KeepUnsaved() {
   mIsKept = kept;
 }
 
+void TZokaBasicView::AutoSaveRqtd() {
+  // Also a text that nobody has changed.
+  if (mSlot.IsOpen()) mDocument.SaveList(mSlot.ListPath(), true);
+}
+
 void TZokaBasicView::SetAutoSaveRegular() {
   mAutoSaveTimer.stop();
   if (mContext.prefs->ASvR.load())
@@ -148,6 +151,9 @@ bool TZokaBasicView::MessageReceived(const TMessage& message) {
     case message_code("pwwc"):
       mEdit->SetWordWrap(mContext.prefs->WdWp.load());
       PrefChanged();
+      return true;
+    case message_code("asvr"):
+      AutoSaveRqtd();
       return true;
     case message_code("parc"):
       SetAutoSaveRegular();

@@ -75,6 +75,7 @@ class TZokaBasicView final : public TBasicView, private TDocumentHost, private T
   void ShowFaultLine(const TException& fault);
   void AskRestore();
   void KeepUnsaved();
+  void AutoSaveRqtd();
   void PrefFontChanged();
   void PrefChanged();
 

@@ -165,6 +165,29 @@ TEST_F(TAutoSaveStart, ARunKeepsTheTextAndNothingElse) {
   EXPECT_TRUE(Document().IsModified());
 }
 
+TEST_F(TAutoSaveStart, TheRegularAutoSaveKeepsUnmodifiedTextToo) {
+  mFolder.Write("a.bas", "10 END\n");
+  Start(mFolder.Path("a.bas"));
+  Post("asvr");
+  EXPECT_EQ(ReadSettings("AutoSave.bas"), "10 END\n");
+  EXPECT_FALSE(Document().IsModified());
+  Edit().Insert("5 CLS\n");
+  Post("asvr");
+  EXPECT_EQ(ReadSettings("AutoSave.bas"), "5 CLS\n10 END\n");
+  // It changes nothing of the document.
+  EXPECT_TRUE(Document().IsModified());
+  EXPECT_EQ(Document().CurPath(), mFolder.Path("a.bas"));
+  EXPECT_EQ(mFolder.Read("a.bas"), "10 END\n");
+}
+
+TEST_F(TAutoSaveStart, AnAutoSaveLeavesTheCharsetOfAConvertedList) {
+  mFolder.Write("sjis.bas", "10 '\x82\xA0\n");
+  Start(mFolder.Path("sjis.bas"));
+  Post("asvr");
+  EXPECT_EQ(Document().Charset(), 11);
+  EXPECT_EQ(ReadSettings("AutoSave.bas"), "10 '\xE3\x81\x82\n");
+}
+
 TEST_F(TAutoSaveStart, WithoutThePreferenceARunKeepsNothing) {
   MakeEngine();
   mEngine->Context().prefs->ASBR = false;

@@ -1,11 +1,13 @@
 // The main window's menus, item by item: labels, keys, codes, order, what can be chosen; and the
 // alerts and status texts of the main window and its list.
 #include <QCompleter>
+#include <QDropEvent>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QPushButton>
 #include <set>
 #include <vector>
@@ -505,6 +507,43 @@ TEST_F(TMainMenu, ConvertedCharactersAreCountedInTheStatus) {
   Start(mFolder.Path("jis.bas"));
   EXPECT_EQ(Status(), " Characters of the PC-98 replaced by similar ones: 1.");
   EXPECT_EQ(Document().Charset(), 13);
+}
+
+TEST_F(TMainMenu, KeysThatOnlyMoveDoNotModify) {
+  Start();
+  Edit().Set("10 A\n20 B\n");
+  for (const Qt::Key key :
+       {Qt::Key_Home, Qt::Key_End, Qt::Key_Insert, Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Escape,
+        Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down, Qt::Key_F6}) {
+    QTest::keyClick(&Edit(), key);
+    EXPECT_FALSE(Document().IsModified()) << key;
+  }
+  // A key that could have changed something counts, even where there is nothing to change.
+  Edit().Set("");
+  QTest::keyClick(&Edit(), Qt::Key_Backspace);
+  EXPECT_TRUE(Document().IsModified());
+}
+
+TEST_F(TMainMenu, UndoDoesNotMakeAListUnmodified) {
+  Start();
+  QTest::keyClicks(&Edit(), "1");
+  Edit().undo();
+  EXPECT_EQ(Edit().Get(), "");
+  EXPECT_TRUE(Document().IsModified());
+}
+
+TEST_F(TMainMenu, FilesFromOtherApplicationsAreOpenedWhereTheyAreDropped) {
+  mFolder.Write("a.bas", "10 END\n");
+  mFolder.Write("b.bas", "20 END\n");
+  Start();
+  QMimeData files;
+  files.setUrls({QUrl::fromLocalFile(QString::fromStdString(mFolder.Path("a.bas"))),
+                 QUrl::fromLocalFile(QString::fromStdString(mFolder.Path("b.bas")))});
+  QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(Edit().viewport(), &drop);
+  // The first one counts.
+  ASSERT_TRUE(Until([this] { return Document().CurPath() == mFolder.Path("a.bas"); }));
+  EXPECT_EQ(Edit().Get(), "10 END\n");
 }
 
 TEST_F(TMainMenu, ABadTokenisedListIsRefused) {
