@@ -65,7 +65,7 @@ TZokaBasicView::TZokaBasicView(TBasicWindow& window, TEngineContext& context,
   if (mSlot.IsOpen()) mDocument.SetAutoSavePath(mSlot.ListPath());
   mJournalTimer.setSingleShot(true);
   mJournalTimer.setInterval(JOURNAL_INTERVAL_MS);
-  connect(&mJournalTimer, &QTimer::timeout, this, [this] { KeepUnsaved(); });
+  connect(&mJournalTimer, &QTimer::timeout, this, [this] { WriteJournal(); });
   connect(&mAutoSaveTimer, &QTimer::timeout, this, [this] { MessageReceived(TMessage("asvr")); });
   mNextRun.setSingleShot(true);
   mNextRun.setInterval(NEXT_RUN_MS);
@@ -85,9 +85,10 @@ TZokaBasicView::~TZokaBasicView() {
 }
 
 void TZokaBasicView::KeepUnsaved() {
+  // Whatever the list is now: the files may hold what the user has not been asked about yet.
+  mKeepsUnsaved = true;
   if (!mDocument.IsModified()) return;
   mJournalTimer.stop();
-  mKeepsUnsaved = true;
   mSlot.WriteJournal(mEdit->Get());
 }
 
@@ -106,7 +107,7 @@ void TZokaBasicView::AskRestore() {
   }
 }
 
-void TZokaBasicView::KeepUnsaved() {
+void TZokaBasicView::WriteJournal() {
   const bool kept = mSlot.WriteJournal(mEdit->Get());
   // Said once, not with every key.
   if (!kept && mIsKept) SetStatBarStr(GetString("@Nothing_Kept@"));

@@ -74,7 +74,7 @@ class TZokaBasicView final : public TBasicView, private TDocumentHost, private T
   void RunEnded(int64_t runNumber, const TMessage* request);
   void ShowFaultLine(const TException& fault);
   void AskRestore();
-  void KeepUnsaved();
+  void WriteJournal();
   void AutoSaveRqtd();
   void PrefFontChanged();
   void PrefChanged();

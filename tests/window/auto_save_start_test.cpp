@@ -73,6 +73,15 @@ TEST_F(TAutoSaveStart, NoLeavesTheListEmptyAndTheRegularEndDeletesTheFile) {
   EXPECT_FALSE(HasSettings("AutoSave.bas"));
 }
 
+TEST_F(TAutoSaveStart, AnEndBySignalKeepsTheFileOfAnUnmodifiedListToo) {
+  WriteSettings("AutoSave.bas", "10 END\n");
+  AnswerNext(Qt::Key_N);
+  Start();
+  Window().View().KeepUnsaved();
+  End();
+  EXPECT_EQ(ReadSettings("AutoSave.bas"), "10 END\n");
+}
+
 TEST_F(TAutoSaveStart, EscapeMeansNo) {
   WriteSettings("AutoSave.bas", "10 END\n");
   AnswerNext(Qt::Key_Escape);
