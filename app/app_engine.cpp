@@ -15,6 +15,7 @@ TAppEngine::TAppEngine(TSettingsPlace place, TLanguage language)
       mInterAppPrefs(&mPlace) {
   mPrefs.LoadFromFile();
   mFirstStart = !mPrefs.HasFile();
+  mNewUser = mFirstStart && !mExitStates.HasFile();
   mExitStates.LoadFromFile();
   mContext.clock = mClock.get();
   mContext.catalogue = &mCatalogue;

@@ -2,6 +2,7 @@
 // settings, the language of the environment, alerts as dialogs.
 #pragma once
 
+#include "app/desktop.h"
 #include "app/settings/exit_states.h"
 #include "app/settings/inter_app_prefs.h"
 #include "app/settings/prefs.h"
@@ -26,6 +27,10 @@ class TAppEngine {
   TAlertDialogs& Alerts() { return mAlerts; }
   /// True if the user had no preferences when the application started.
   bool IsFirstStart() const { return mFirstStart; }
+  /// True if neither preferences nor an earlier session of the user had left anything behind.
+  bool IsNewUser() const { return mNewUser; }
+  /// The user's desktop: nothing of it until it is set.
+  TDesktop& Desktop() { return mDesktop; }
 
   /// What the texts follow as long as the user has not chosen a language.
   void SetSystemLanguage(TLanguage language) { mSystemLanguage = language; }
@@ -36,6 +41,8 @@ class TAppEngine {
   TSettingsPlace mPlace;
   TLanguage mSystemLanguage;
   bool mFirstStart = false;
+  bool mNewUser = false;
+  TDesktop mDesktop;
   std::unique_ptr<TClock> mClock;
   TCatalogue mCatalogue;
   TPrefs mPrefs;

@@ -2,28 +2,41 @@
 #include "app/basic_app.h"
 
 #include <QApplication>
-#include <QDesktopServices>
 #include <QEvent>
-#include <QMessageBox>
 #include <QUrl>
 
 #include "app/data_folder.h"
+#include "app/list_mime.h"
 #include "app/settings/show_alert.h"
 #include "common/window/menu_label.h"
 
 namespace zoka {
+namespace {
 
-TBasicApp::TBasicApp(TAppEngine& engine)
+constexpr int32_t OK_BUTTON = 1;
+
+}  // namespace
+
+TBasicApp::TBasicApp(TAppEngine& engine, TSplashWindow* splash)
     : mEngine(engine),
       mQueue([this](const TMessage& message) { MessageReceived(message); }),
       mWindowContext{engine.Context(), engine.Registry(), engine.Registry().Register(this)},
-      mRunWindow(std::make_unique<TRunWindow>(mWindowContext, &engine.Place())),
-      mPreferences(std::make_unique<TAppPreferences>(engine, mWindowContext,
-                                                     mRunWindow->RunView()->Producer())),
-      mMainWindow(std::make_unique<TZokaBasicWindow>(mWindowContext, *mRunWindow, engine.Place())) {
+      mSplash(splash) {
   QApplication::setQuitOnLastWindowClosed(false);
   qApp->installEventFilter(this);
+  SetSplashStr("Creating windows");
+  TBasicListMime(engine.Desktop()).InstallBasicListMime();
+  CreateWindows();
+  SetSplashStr("Adjusting sub windows");
   CreateDialogs();
+}
+
+void TBasicApp::CreateWindows() {
+  mRunWindow = std::make_unique<TRunWindow>(mWindowContext, &mEngine.Place());
+  mPreferences =
+      std::make_unique<TAppPreferences>(mEngine, mWindowContext, mRunWindow->RunView()->Producer());
+  mMainWindow = std::make_unique<TZokaBasicWindow>(mWindowContext, *mRunWindow, mEngine.Place());
+  mMainWindow->SetHasAuthorPage(!mEngine.Desktop().authorPage.isEmpty());
 }
 
 TBasicApp::~TBasicApp() {
@@ -31,13 +44,45 @@ TBasicApp::~TBasicApp() {
   mEngine.Registry().Unregister(mWindowContext.app);
 }
 
+void TBasicApp::SetSplashStr(const char* key) {
+  if (mSplash) mSplash->SetSplashStr(mEngine.Context().catalogue->GetString(key));
+}
+
+void TBasicApp::CloseSplash() {
+  if (!mSplash) return;
+  mSplash->hide();
+  // Its own timer may have called us.
+  mSplash->deleteLater();
+  mSplash.clear();
+}
+
 void TBasicApp::ReadyToRun(const std::string& path) {
+  // The question comes up over the splash.
+  mMainWindow->View().CheckAndLoadAutoSave();
+  if (!path.empty()) {
+    SetSplashStr("Opening");
+    mMainWindow->OpenFile(path);
+  }
+  CloseSplash();
   mMainWindow->Appear();
   mPreferences->SetMainWindow(mMainWindow.get(), [this](const std::string& text) {
     mMainWindow->View().SetStatBarStr(text);
   });
-  mMainWindow->View().CheckAndLoadAutoSave();
-  if (!path.empty()) mMainWindow->OpenFile(path);
+}
+
+void TBasicApp::ShowFirstStartPage() {
+  if (mMainWindow->Document().IsModified()) return;
+  const auto send = [this](const TMessage& message) { mMainWindow->PostMessage(message); };
+  mFirstStart = new TFirstStartPage(&mMainWindow->View().Edit(), mEngine.Context(),
+                                    {[this](TLanguage language) { SetLanguage(language); },
+                                     [send](const std::string& path) {
+                                       TMessage message("_smp");
+                                       message.AddRef("refs", TPathRef{path});
+                                       send(message);
+                                     },
+                                     [this] { mMainWindow->UncoverEditor(); }});
+  mMainWindow->CoverEditor(mFirstStart);
+  mFirstStart->Appear();
 }
 
 void TBasicApp::CreateDialogs() {
@@ -60,26 +105,38 @@ void TBasicApp::SetLabels() {
   mGoToLine->SetLabels();
   mRunLine->SetLabels();
   mRenumber->SetLabels();
+  if (mAbout) mAbout->SetLabels();
+  if (mFirstStart) mFirstStart->SetLabels();
+}
+
+void TBasicApp::MItemRegisterMimeClicked() {
+  const TCatalogue& texts = *mEngine.Context().catalogue;
+  const std::string question =
+      replace_placeholder(texts.GetString("@Ask_Register_Mime %AppName%@"), "%AppName%", APP_NAME);
+  if (show_alert(mEngine.Context(), question, {{"Cancel", ""}, {"OK", ""}}, 0, nullptr) !=
+      OK_BUTTON) {
+    return;
+  }
+  const bool done = TBasicListMime(mEngine.Desktop()).RegistBasicListMime();
+  mMainWindow->View().SetStatBarStr(
+      texts.GetString(done ? "@Mime_Registered@" : "@Mime_Not_Registered@"));
 }
 
 void TBasicApp::MItemHelpClicked() {
   const TEngineContext& context = mEngine.Context();
   const QString path = find_data_entry("docs/help/" + localized(context, "ReadMe_Eng.txt"));
-  if (!path.isEmpty() && QDesktopServices::openUrl(QUrl::fromLocalFile(path))) return;
+  if (!path.isEmpty() && mEngine.Desktop().openUrl(QUrl::fromLocalFile(path))) return;
   show_fault_alert(context, context.catalogue->GetString("@Err_Cannot_Show_Help@"), nullptr);
 }
 
+void TBasicApp::MItemAuthorWebClicked() {
+  const QString& page = mEngine.Desktop().authorPage;
+  if (!page.isEmpty()) mEngine.Desktop().openUrl(QUrl(page));
+}
+
 void TBasicApp::MItemAboutClicked() {
-  const TEngineContext& context = mEngine.Context();
-  auto* const box = new QMessageBox(mMainWindow.get());
-  box->setObjectName("AboutWindow");
-  box->setAttribute(Qt::WA_DeleteOnClose);
-  box->setWindowTitle(localized(context, "About"));
-  box->setTextFormat(Qt::PlainText);
-  box->setText(QString(APP_NAME) + " " + APP_VERSION);
-  box->setInformativeText(localized(context, "@About@"));
-  box->addButton(localized(context, "Close"), QMessageBox::AcceptRole);
-  box->open();
+  if (!mAbout) mAbout = new TAboutWindow(mMainWindow.get(), mEngine.Context());
+  mAbout->Appear();
 }
 
 void TBasicApp::MessageReceived(const TMessage& message) {
@@ -99,8 +156,12 @@ void TBasicApp::MessageReceived(const TMessage& message) {
       return mRunLine->Appear();
     case message_code("rnmb"):
       return mRenumber->Appear();
+    case message_code("rmim"):
+      return MItemRegisterMimeClicked();
     case message_code("_hlp"):
       return MItemHelpClicked();
+    case message_code("_jaw"):
+      return MItemAuthorWebClicked();
     case message_code("_ABR"):
       return MItemAboutClicked();
     case message_code("prcd"):

@@ -3,10 +3,14 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <string>
 
+#include "app/about_window.h"
 #include "app/app_engine.h"
 #include "app/app_preferences.h"
+#include "app/first_start_page.h"
+#include "app/splash_window.h"
 #include "app/zoka_basic_window.h"
 #include "common/window/dialog_window.h"
 #include "common/window/message_queue.h"
@@ -18,13 +22,16 @@ namespace zoka {
 /// Window thread, but for PostMessage.
 class TBasicApp final : public THandler, private QObject {
  public:
-  explicit TBasicApp(TAppEngine& engine);
+  /// `splash` may be null; it is taken over, and goes when the main window appears.
+  explicit TBasicApp(TAppEngine& engine, TSplashWindow* splash = nullptr);
   ~TBasicApp() override;
 
   void PostMessage(const TMessage& message) override { mQueue.PostMessage(message); }
-  /// The application is up: shows the main window, asks about what an abnormal end left behind, and
-  /// opens `path` if there is one.
+  /// The application is up: asks about what an abnormal end left behind, opens `path` if there is
+  /// one, and then shows the main window.
   void ReadyToRun(const std::string& path);
+  /// Welcomes a user who is here for the first time, unless there is a text to work on already.
+  void ShowFirstStartPage();
   /// Asks the main window; ends the application unless the user wants to stay.
   bool QuitRequested();
   /// The host wants the application to end: it asks nothing and ends as soon as the event loop can;
@@ -39,13 +46,22 @@ class TBasicApp final : public THandler, private QObject {
   TSimpleInputWindow& GoToLineWindow() { return *mGoToLine; }
   TSimpleInputWindow& RunLineWindow() { return *mRunLine; }
   TRenumWindow& RenumWindow() { return *mRenumber; }
+  /// Null where there is none, or none any more.
+  TSplashWindow* SplashWindow() { return mSplash; }
+  TFirstStartPage* FirstStartPage() { return mFirstStart; }
+  TAboutWindow* AboutWindow() { return mAbout; }
 
  private:
   void MessageReceived(const TMessage& message);
   void Broadcast(const TMessage& message);
   void CreateDialogs();
   void SetLabels();
+  void CreateWindows();
+  void SetSplashStr(const char* key);
+  void CloseSplash();
+  void MItemRegisterMimeClicked();
   void MItemHelpClicked();
+  void MItemAuthorWebClicked();
   void MItemAboutClicked();
   bool eventFilter(QObject* object, QEvent* event) override;
   void Quit();
@@ -53,6 +69,7 @@ class TBasicApp final : public THandler, private QObject {
   TAppEngine& mEngine;
   TMessageQueue mQueue;
   TWindowContext mWindowContext;
+  QPointer<TSplashWindow> mSplash;
   std::unique_ptr<TRunWindow> mRunWindow;
   std::unique_ptr<TAppPreferences> mPreferences;
   std::unique_ptr<TZokaBasicWindow> mMainWindow;
@@ -60,6 +77,8 @@ class TBasicApp final : public THandler, private QObject {
   TSimpleInputWindow* mGoToLine = nullptr;
   TSimpleInputWindow* mRunLine = nullptr;
   TRenumWindow* mRenumber = nullptr;
+  QPointer<TAboutWindow> mAbout;
+  QPointer<TFirstStartPage> mFirstStart;
 };
 
 }  // namespace zoka

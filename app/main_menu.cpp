@@ -16,8 +16,8 @@ enum class TMenuTarget : uint8_t { Window, App };
 /// Positions in the history that have a digit of their own.
 constexpr int32_t DIGITS = 10;
 constexpr const char SEPARATOR[] = "";
-/// What is not there yet cannot be chosen; and the authors' page has no address.
-constexpr const char* ABSENT[] = {"sdwn", "rmim", "_jaw"};
+/// What is not there yet cannot be chosen.
+constexpr const char* ABSENT[] = {"sdwn"};
 
 }  // namespace
 
@@ -210,6 +210,7 @@ void TZokaBasicWindow::UpdateItems() {
   if (kill == nullptr) return;
   const TDocumentState state = Document().State();
   kill->setEnabled(state == TDocumentState::Compiling || state == TDocumentState::Running);
+  FindItem("_jaw")->setEnabled(mHasAuthorPage);
   FindItem("rptr")->setChecked(Engine().exitStates->RptR.load());
   FindItem("usdb")->setChecked(Engine().exitStates->UDbg.load());
 }

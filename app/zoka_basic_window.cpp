@@ -27,6 +27,14 @@ QString path_of(const std::string& bytes) {
   return QFile::decodeName(QByteArray::fromStdString(bytes));
 }
 
+/// Messages that bring the editor to work.
+bool needs_editor(const TMessage& message) {
+  for (const char* code : {"_new", "_smp", "_RRC", "PSTE", "run", "rnlr"}) {
+    if (message.what == message_code(code)) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 TZokaBasicWindow::TZokaBasicWindow(TWindowContext& context, TRunWindow& runWindow,
@@ -77,7 +85,21 @@ bool TZokaBasicWindow::AskQuit() {
   return mView->Requests().AskSave(TMessage("_QRQ"), WindowContext().app);
 }
 
+void TZokaBasicWindow::SetHasAuthorPage(bool has) {
+  mHasAuthorPage = has;
+  UpdateItems();
+}
+
+void TZokaBasicWindow::UncoverEditor() {
+  if (!mCover) return;
+  mCover->hide();
+  mCover->deleteLater();
+  mCover.clear();
+  mView->setFocus();
+}
+
 void TZokaBasicWindow::MessageReceived(const TMessage& message) {
+  if (needs_editor(message)) UncoverEditor();
   switch (message.what) {
     case message_code("_sva"):
       return MItemSaveAsClicked(message);
@@ -220,10 +242,7 @@ void TZokaBasicWindow::MItemDelAllMRULsClicked() {
 void TZokaBasicWindow::HistoryItemClicked(const std::string& path) {
   TMessage message("_RRC");
   message.AddRef("refs", TPathRef{path});
-  // Keys that are held down count now, not when the message's turn comes.
-  const Qt::KeyboardModifiers held = QApplication::keyboardModifiers();
-  if (held & Qt::ControlModifier) message.AddBool(CONTROL_HELD, true);
-  if (held & (Qt::AltModifier | Qt::MetaModifier)) message.AddBool(OPTION_HELD, true);
+  add_held_modifiers(&message, true);
   PostMessage(message);
 }
 

@@ -43,6 +43,12 @@ class TZokaBasicWindow final : public TBasicWindow {
   QAction* FindItem(const char* code) const;
   TMRUF& History() { return mMruf; }
   QMenu* HistoryMenu() { return mHistoryMenu; }
+  /// Whether the item for the authors' page can be chosen.
+  void SetHasAuthorPage(bool has);
+  /// Lets a page lie over the editor, until a list is begun, opened or run.
+  void CoverEditor(QWidget* page) { mCover = page; }
+  /// Takes the page away, if there is one.
+  void UncoverEditor();
 
  private:
   struct TMenuRow;
@@ -77,6 +83,8 @@ class TZokaBasicWindow final : public TBasicWindow {
   TMRUF mMruf;
   TFileMenu* mFileMenu = nullptr;
   QMenu* mHistoryMenu = nullptr;
+  bool mHasAuthorPage = false;
+  QPointer<QWidget> mCover;
   QPointer<TZokaOpenPanel> mOpenPanel;
   QPointer<TZokaSavePanel> mSavePanel;
   TMessage mSaveMessage;  // what the save panel's answer carries on

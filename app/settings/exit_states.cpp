@@ -59,4 +59,8 @@ int32_t TExitStates::LoadFromFile() {
   return LoadByName(SETTINGS_FOLDER, EXIT_STATES_FILE);
 }
 
+bool TExitStates::HasFile() const {
+  return HasFileByName(SETTINGS_FOLDER, EXIT_STATES_FILE);
+}
+
 }  // namespace zoka

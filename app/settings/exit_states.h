@@ -57,6 +57,8 @@ class TExitStates : public TKORUNEArchivable {
   /// Each returns 0 or -1.
   int32_t SaveToFile() const;
   int32_t LoadFromFile();
+  /// False before the first regular end of the application, and after the file was removed.
+  bool HasFile() const;
 };
 
 }  // namespace zoka

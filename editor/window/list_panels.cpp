@@ -1,17 +1,21 @@
 // Panels of the toolkit with the list's own controls.
 #include "editor/window/list_panels.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QGridLayout>
 #include <QHBoxLayout>
 
 #include "app/settings/prefs.h"
 #include "common/window/menu_label.h"
+#include "common/window/panel_completer.h"
 #include "editor/list_requests.h"
 
 namespace zoka {
 namespace {
 
+/// Wide enough for names, types and dates of files.
+constexpr QSize PANEL_SIZE(760, 480);
 constexpr const char* ENCODINGS[] = {"Auto Detect", "UTF-8 (BeOS)", "Shift-JIS (DOS-BASIC)",
                                      "JIS / NEC JIS (DISK-BASIC)"};
 
@@ -23,6 +27,12 @@ void set_name_filters(QFileDialog& panel, const TEngineContext& context) {
 
 }  // namespace
 
+void add_held_modifiers(TMessage* message, bool isLocal) {
+  const Qt::KeyboardModifiers held = QApplication::keyboardModifiers();
+  if (isLocal && (held & Qt::ControlModifier)) message->AddBool(CONTROL_HELD, true);
+  if (held & (Qt::AltModifier | Qt::MetaModifier)) message->AddBool(OPTION_HELD, true);
+}
+
 TZokaOpenPanel::TZokaOpenPanel(QWidget* parent, const TEngineContext& context)
     : QFileDialog(parent),
       mContext(context),
@@ -31,6 +41,8 @@ TZokaOpenPanel::TZokaOpenPanel(QWidget* parent, const TEngineContext& context)
       mAdd(new QCheckBox(this)) {
   setOption(DontUseNativeDialog);
   setFileMode(ExistingFile);
+  resize(PANEL_SIZE);
+  new TPanelCompleter(this);
   for (const char* encoding : ENCODINGS) mEncoding->addItem(encoding);
   // Encodings are known by their places, and the separator takes one.
   mEncoding->insertSeparator(ENCODING_SEPARATOR);
@@ -74,6 +86,7 @@ TMessage TZokaOpenPanel::Message(const QString& path) const {
   message.AddRef("refs", TPathRef{QFile::encodeName(path).toStdString()});
   message.AddInt32("Encoding", mEncoding->currentIndex());
   message.AddBool("Add", mAdd->isChecked());
+  add_held_modifiers(&message, true);
   return message;
 }
 
@@ -82,6 +95,8 @@ TZokaSavePanel::TZokaSavePanel(QWidget* parent, const TEngineContext& context)
   setOption(DontUseNativeDialog);
   setAcceptMode(AcceptSave);
   setFileMode(AnyFile);
+  resize(PANEL_SIZE);
+  new TPanelCompleter(this);
   // With the extension there before the question whether to replace a file, it asks for the right
   // one.
   setDefaultSuffix(LIST_EXT);

@@ -11,6 +11,10 @@
 
 namespace zoka {
 
+/// Notes in a message of files which keys are held down now: when the message's turn comes others
+/// may be. Of what comes from outside (not `isLocal`) the Control key says nothing.
+void add_held_modifiers(TMessage* message, bool isLocal);
+
 /// Window thread. Shown again and again, without the user's other work being blocked.
 class TZokaOpenPanel final : public QFileDialog {
  public:

@@ -39,6 +39,8 @@ TRenumWindow::TRenumWindow(QWidget* parent, const TEngineContext& context,
     mFields[at] = new QLineEdit(this);
     mFields[at]->setObjectName(FIELDS[at].name);
     mFields[at]->setAlignment(Qt::AlignRight);
+    // What an empty field means.
+    mFields[at]->setPlaceholderText(QString::number(FIELDS[at].whenEmpty));
     mLabels[at]->setBuddy(mFields[at]);
     grid->addWidget(mLabels[at], i, 0);
     grid->addWidget(mFields[at], i, 1);

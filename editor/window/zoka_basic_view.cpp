@@ -11,6 +11,7 @@
 #include "app/settings/show_alert.h"
 #include "common/file_path.h"
 #include "editor/find_line.h"
+#include "editor/window/list_panels.h"
 
 namespace zoka {
 namespace {
@@ -64,10 +65,8 @@ TZokaBasicView::TZokaBasicView(TBasicWindow& window, TEngineContext& context,
   if (mSlot.IsOpen()) mDocument.SetAutoSavePath(mSlot.ListPath());
   mJournalTimer.setSingleShot(true);
   mJournalTimer.setInterval(JOURNAL_INTERVAL_MS);
-  connect(&mJournalTimer, &QTimer::timeout, this, [this] { mSlot.WriteJournal(mEdit->Get()); });
-  connect(&mAutoSaveTimer, &QTimer::timeout, this, [this] {
-    if (mSlot.IsOpen()) mDocument.SaveList(mSlot.ListPath(), true);
-  });
+  connect(&mJournalTimer, &QTimer::timeout, this, [this] { WriteJournal(); });
+  connect(&mAutoSaveTimer, &QTimer::timeout, this, [this] { MessageReceived(TMessage("asvr")); });
   mNextRun.setSingleShot(true);
   mNextRun.setInterval(NEXT_RUN_MS);
   connect(&mNextRun, &QTimer::timeout, this, [this] { mRequests.MessageReceived(mNextRequest); });
@@ -75,7 +74,6 @@ TZokaBasicView::TZokaBasicView(TBasicWindow& window, TEngineContext& context,
       [this](int64_t run, int32_t, const TMessage* request) { RunEnded(run, request); });
   PrefFontChanged();
   mEdit->SetWordWrap(mContext.prefs->WdWp.load());
-  SetAutoSaveRegular();
   LanguageChanged();
 }
 
@@ -87,20 +85,38 @@ TZokaBasicView::~TZokaBasicView() {
 }
 
 void TZokaBasicView::KeepUnsaved() {
+  // Whatever the list is now: the files may hold what the user has not been asked about yet.
+  mKeepsUnsaved = true;
   if (!mDocument.IsModified()) return;
   mJournalTimer.stop();
-  mKeepsUnsaved = true;
   mSlot.WriteJournal(mEdit->Get());
 }
 
 void TZokaBasicView::CheckAndLoadAutoSave() {
-  if (mSlot.Leftover().empty()) return;
+  if (!mSlot.Leftover().empty()) AskRestore();
+  // Not before the answer: it would write over what the question is about.
+  SetAutoSaveRegular();
+}
+
+void TZokaBasicView::AskRestore() {
   const std::string text =
       replace_placeholder(GetString("@Ask_Auto_Open %AppName%@"), "%AppName%", APP_NAME) + "\n\n" +
       GetString("@Warning_Invalid_Auto_Save@");
   if (show_alert(mContext, text, {{"No", "N"}, {"Yes", "Y"}}, 0, nullptr) == YES_OF_TWO) {
     mDocument.RestoreBackup(mSlot.Leftover());
   }
+}
+
+void TZokaBasicView::WriteJournal() {
+  const bool kept = mSlot.WriteJournal(mEdit->Get());
+  // Said once, not with every key.
+  if (!kept && mIsKept) SetStatBarStr(GetString("@Nothing_Kept@"));
+  mIsKept = kept;
+}
+
+void TZokaBasicView::AutoSaveRqtd() {
+  // Also a text that nobody has changed.
+  if (mSlot.IsOpen()) mDocument.SaveList(mSlot.ListPath(), true);
 }
 
 void TZokaBasicView::SetAutoSaveRegular() {
@@ -137,6 +153,9 @@ bool TZokaBasicView::MessageReceived(const TMessage& message) {
       mEdit->SetWordWrap(mContext.prefs->WdWp.load());
       PrefChanged();
       return true;
+    case message_code("asvr"):
+      AutoSaveRqtd();
+      return true;
     case message_code("parc"):
       SetAutoSaveRegular();
       PrefChanged();
@@ -162,6 +181,7 @@ void TZokaBasicView::SimpleData(const QMimeData& files) {
     if (!url.isLocalFile()) continue;
     TMessage message("_RRC");
     message.AddRef("refs", TPathRef{QFile::encodeName(url.toLocalFile()).toStdString()});
+    add_held_modifiers(&message, false);
     mWindow.PostMessage(message);
     return;
   }

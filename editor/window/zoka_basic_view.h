@@ -36,7 +36,7 @@ class TZokaBasicView final : public TBasicView, private TDocumentHost, private T
   void SetCalls(TBasicViewCalls calls) { mCalls = std::move(calls); }
   /// Handles a message; false if it is none of the document's.
   bool MessageReceived(const TMessage& message);
-  /// Asks whether to take over what an abnormal end left behind.
+  /// Asks whether to take over what an abnormal end left behind, and starts the regular auto-save.
   void CheckAndLoadAutoSave();
   /// The view is about to go without asking: what is unsaved is there at the next start, as behind
   /// an abnormal end.
@@ -73,6 +73,9 @@ class TZokaBasicView final : public TBasicView, private TDocumentHost, private T
   void SimpleData(const QMimeData& files);
   void RunEnded(int64_t runNumber, const TMessage* request);
   void ShowFaultLine(const TException& fault);
+  void AskRestore();
+  void WriteJournal();
+  void AutoSaveRqtd();
   void PrefFontChanged();
   void PrefChanged();
 
@@ -89,6 +92,7 @@ class TZokaBasicView final : public TBasicView, private TDocumentHost, private T
   TListRequests mRequests;
   TEditComforts mComforts;
   QTimer mJournalTimer;
+  bool mIsKept = true;  // the last attempt to keep unsaved text succeeded
   QTimer mAutoSaveTimer;
   QTimer mNextRun;  // a program's wish for another run, soon to be fulfilled
   TMessage mNextRequest;

@@ -7,6 +7,7 @@
 #include "app/settings/exit_states.h"
 #include "app/settings/prefs.h"
 #include "common/file_path.h"
+#include "common/window/panel_completer.h"
 
 namespace zoka {
 namespace {
@@ -122,6 +123,7 @@ void TRunWindow::MItemSpecifyDrvFolderClicked(const TMessage& message) {
   if (!mSpecifyPanel) {
     mSpecifyPanel = new QFileDialog(this);
     mSpecifyPanel->setOption(QFileDialog::DontUseNativeDialog);
+    new TPanelCompleter(mSpecifyPanel);
     mSpecifyPanel->setFileMode(QFileDialog::Directory);
     mSpecifyPanel->setOption(QFileDialog::ShowDirsOnly);
     mSpecifyPanel->setDirectory(QString::fromStdString(Engine().exitStates->RWPF));

@@ -1,0 +1,71 @@
+// The order of starting: settings, splash, windows.
+#include "app/start_up.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QTimer>
+#include <clocale>
+
+#include "app/end_signals.h"
+#include "app/held_modifiers.h"
+#include "app/list_mime.h"
+#include "app/logo.h"
+#include "common/last_acts.h"
+#include "sound/alsa_client.h"
+
+namespace zoka {
+namespace {
+
+constexpr int ICON_SIZES[] = {16, 32, 48, 128};
+
+TSettingsPlace settings_place() {
+  TSettingsPlace place = TSettingsPlace::OfUser();
+  place.modifiers = held_modifiers;
+  return place;
+}
+
+void name_application() {
+  QApplication::setApplicationName(APP_NAME);
+  QApplication::setApplicationVersion(APP_VERSION);
+  QApplication::setDesktopFileName(DESKTOP_NAME);
+  QIcon icon;
+  for (const int size : ICON_SIZES) icon.addPixmap(QPixmap::fromImage(app_icon(size)));
+  QApplication::setWindowIcon(icon);
+}
+
+}  // namespace
+
+int run_application(int argc, char** argv, const std::function<void(TBasicApp&)>& started) {
+  do_in_crash({silence_alsa_in_crash});
+  QApplication application(argc, argv);
+  // The toolkit takes the user's decimal comma over; numbers of programs have a point.
+  std::setlocale(LC_NUMERIC, "C");
+  name_application();
+  TAppEngine engine(settings_place(), TCatalogue::FromEnvironment());
+  engine.Desktop() = TDesktop::OfUser();
+  const QStringList arguments = QApplication::arguments();
+  const std::string path =
+      arguments.size() > 1 ? QFile::encodeName(arguments[1]).toStdString() : "";
+  std::unique_ptr<TBasicApp> app;
+  const TEndSignals endSignals([&app] {
+    if (app) return app->EndWithoutAsking();
+    QApplication::quit();
+  });
+  TSplashWindow* splash = nullptr;
+  const auto start = [&] {
+    app = std::make_unique<TBasicApp>(engine, splash);
+    app->ReadyToRun(path);
+    if (engine.IsNewUser() && path.empty()) app->ShowFirstStartPage();
+    if (started) started(*app);
+  };
+  if (engine.Context().prefs->SSls.load()) {
+    TWindowContext context{engine.Context(), engine.Registry(), {}};
+    splash = new TSplashWindow(context);
+    splash->ShowThen(start);
+  } else {
+    QTimer::singleShot(0, &application, start);
+  }
+  return QApplication::exec();
+}
+
+}  // namespace zoka
