@@ -17,12 +17,14 @@ TBasicApp::TBasicApp(TAppEngine& engine)
     : mEngine(engine),
       mQueue([this](const TMessage& message) { MessageReceived(message); }),
       mWindowContext{engine.Context(), engine.Registry(), engine.Registry().Register(this)},
+      mDebugWindow(std::make_unique<TDebugWindow>(mWindowContext)),
       mRunWindow(std::make_unique<TRunWindow>(mWindowContext, &engine.Place())),
       mPreferences(std::make_unique<TAppPreferences>(engine, mWindowContext,
                                                      mRunWindow->RunView()->Producer())),
       mMainWindow(std::make_unique<TZokaBasicWindow>(mWindowContext, *mRunWindow, engine.Place())) {
   QApplication::setQuitOnLastWindowClosed(false);
   qApp->installEventFilter(this);
+  ConnectDebugger();
   CreateDialogs();
 }
 
@@ -38,6 +40,17 @@ void TBasicApp::ReadyToRun(const std::string& path) {
   });
   mMainWindow->View().CheckAndLoadAutoSave();
   if (!path.empty()) mMainWindow->OpenFile(path);
+}
+
+void TBasicApp::ConnectDebugger() {
+  TDebugView& view = mDebugWindow->DebugView();
+  mRunWindow->RunView()->SetDebugModel(&view.Model());
+  mMainWindow->View().SetDebugView(view);
+  TDebugLink& link = *mMainWindow->View().DebugLink();
+  view.SetCalls({[this] { mRunWindow->Appear(); }, [this] { mMainWindow->Run(); },
+                 [this] { mMainWindow->Kill(); },
+                 [&link](size_t item) { link.BreakPointChanged(item); },
+                 [&link] { link.ViewChanged(); }});
 }
 
 void TBasicApp::CreateDialogs() {
@@ -90,6 +103,8 @@ void TBasicApp::MessageReceived(const TMessage& message) {
       return mMainWindow->Appear();
     case message_code("srwn"):
       return mRunWindow->Appear();
+    case message_code("sdwn"):
+      return mDebugWindow->Appear();
     case message_code("_QRQ"):
       QuitRequested();
       return;
@@ -111,6 +126,8 @@ void TBasicApp::MessageReceived(const TMessage& message) {
     case message_code("parc"):
     case message_code("pdec"):
       return mMainWindow->PostMessage(message);
+    case message_code("pdfc"):
+      return mDebugWindow->PostMessage(message);
     case message_code("sdfr"):
     case message_code("prfc"):
     case message_code("pusc"):
@@ -128,6 +145,7 @@ void TBasicApp::MessageReceived(const TMessage& message) {
 void TBasicApp::Broadcast(const TMessage& message) {
   mMainWindow->PostMessage(message);
   mRunWindow->PostMessage(message);
+  mDebugWindow->PostMessage(message);
 }
 
 void TBasicApp::SetLanguage(TLanguage language) {
@@ -160,14 +178,18 @@ void TBasicApp::Quit() {
   mPreferences->CloseWindows();
   mRunWindow->RunView()->CancelCompile();
   mRunWindow->RunView()->QuitBasic();
+  mDebugWindow->DebugView().SetCalls({});
+  mDebugWindow->hide();
   mRunWindow->hide();
   mMainWindow->hide();
+  mDebugWindow->Quit();
   mRunWindow->Quit();
   mMainWindow->Quit();
   // The main window's document uses the run window's view.
   mMainWindow.reset();
   mPreferences.reset();
   mRunWindow.reset();
+  mDebugWindow.reset();
   mEngine.Context().exitStates->SaveToFile();
 }
 

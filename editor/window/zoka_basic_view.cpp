@@ -10,6 +10,7 @@
 #include "app/settings/prefs.h"
 #include "app/settings/show_alert.h"
 #include "common/file_path.h"
+#include "debugger/window/debug_commands.h"
 #include "editor/find_line.h"
 
 namespace zoka {
@@ -93,6 +94,19 @@ void TZokaBasicView::KeepUnsaved() {
   mSlot.WriteJournal(mEdit->Get());
 }
 
+void TZokaBasicView::SetDebugView(TDebugView& view) {
+  mDebugLink = new TDebugLink(this, mContext, mDocument, *mEdit, view,
+                              [this](const std::string& text) { SetStatBarStr(text); });
+}
+
+void TZokaBasicView::DebuggerReady() {
+  if (mDebugLink != nullptr) mDebugLink->DebuggerReady();
+}
+
+void TZokaBasicView::ShowDebug() {
+  if (mDebugLink != nullptr) mDebugLink->ShowDebug();
+}
+
 void TZokaBasicView::CheckAndLoadAutoSave() {
   if (mSlot.Leftover().empty()) return;
   const std::string text =
@@ -110,7 +124,10 @@ void TZokaBasicView::SetAutoSaveRegular() {
 }
 
 bool TZokaBasicView::MessageReceived(const TMessage& message) {
+  if (mDebugLink != nullptr && mDebugLink->MessageReceived(message)) return true;
   switch (message.what) {
+    case message_code(DEBUG_RUN_OR_GO_ON):
+      return MessageReceived(TMessage("run"));
     case message_code("kill"):
       Kill();
       return true;
@@ -192,6 +209,7 @@ void TZokaBasicView::ShowRun() {
 
 void TZokaBasicView::StateChanged() {
   const TDocumentState state = mDocument.State();
+  if (state == TDocumentState::Compiling && mDebugLink != nullptr) mDebugLink->SourceTaken();
   if (state == TDocumentState::Running) SetStatBarStr(GetString("Running"));
   if (state == TDocumentState::Idle) SetStatBarStr("");
   if (mCalls.stateChanged) mCalls.stateChanged();
@@ -255,6 +273,7 @@ void TZokaBasicView::LanguageChanged() {
   mStatBar->setAccessibleName(QString::fromStdString(GetString("Status")));
   mFindBar->SetLabels();
   mComforts.SetLabels();
+  if (mDebugLink != nullptr) mDebugLink->SetLabels();
   SetWinTitle();
   SetStatBarStr("");
 }
