@@ -27,8 +27,8 @@ const std::array<TDebugCommand, 2>& debug_break_commands() {
 
 QAction* add_debug_command(QMenu* menu, const TEngineContext& context, const TDebugCommand& command,
                            const std::function<void(const char* code)>& chosen) {
-  QAction* const item =
-      menu->addAction(menu_label(context, context.catalogue->GetString(command.label), command.key));
+  QAction* const item = menu->addAction(
+      menu_label(context, context.catalogue->GetString(command.label), command.key));
   item->setObjectName(command.code);
   item->setShortcut(command.shortcut);
   QObject::connect(item, &QAction::triggered, menu,

@@ -84,9 +84,8 @@ TDebugView::TDebugView(TBasicWindow& window, TEngineContext& context)
   mVarsLabel->setObjectName("StrViewVar");
   CreateToolBar();
   LayoutCompos();
-  mSrcCode->SetCalls(
-      {[this](size_t item, int x) { ClickSrcLine(item, x); },
-       [this](size_t, QPoint place) { SrcCodeMenu(place); }});
+  mSrcCode->SetCalls({[this](size_t item, int x) { ClickSrcLine(item, x); },
+                      [this](size_t, QPoint place) { SrcCodeMenu(place); }});
   mVars->SetMenu([this](QPoint place) { VarMenu(place); });
   mFrame.setSingleShot(true);
   mFrame.setInterval(FRAME_MS);
@@ -183,7 +182,8 @@ void TDebugView::SetFontFamilyAndSize() {
 }
 
 void TDebugView::DebugModelChanged() {
-  QMetaObject::invokeMethod(this, [this] { RefreshSoon(); }, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(
+      this, [this] { RefreshSoon(); }, Qt::QueuedConnection);
 }
 
 void TDebugView::RefreshSoon() {
@@ -318,9 +318,9 @@ void TDebugView::SrcCodeMenu(QPoint place) {
 void TDebugView::VarMenu(QPoint place) {
   auto* menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  QAction* const edit = menu->addAction(
-      menu_label(mContext, mContext.catalogue->GetString("Change Value"), "V"),
-      [this] { mVars->EditValue(); });
+  QAction* const edit =
+      menu->addAction(menu_label(mContext, mContext.catalogue->GetString("Change Value"), "V"),
+                      [this] { mVars->EditValue(); });
   edit->setShortcut(Qt::Key_F2);
   edit->setEnabled(mVars->CanEdit());
   menu->popup(place);

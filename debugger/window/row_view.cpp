@@ -23,8 +23,12 @@ TRowColours row_colours(const QPalette& palette) {
   const QColor base = palette.color(QPalette::Base);
   const bool dark = base.lightness() < DARK_LIGHTNESS;
   if (!dark) {
-    return {Qt::white,          Qt::black,          QColor(255, 204, 204),
-            QColor(204, 204, 204), QColor(0xB0, 0x20, 0x10), QColor(0xD0, 0x30, 0x20)};
+    return {Qt::white,
+            Qt::black,
+            QColor(255, 204, 204),
+            QColor(204, 204, 204),
+            QColor(0xB0, 0x20, 0x10),
+            QColor(0xD0, 0x30, 0x20)};
   }
   return {base,
           palette.color(QPalette::Text),
@@ -137,7 +141,8 @@ void TRowView::paintEvent(QPaintEvent* event) {
   if (widest == mWidest) return;
   mWidest = widest;
   // The range must not change in the midst of painting.
-  QMetaObject::invokeMethod(this, [this] { UpdateBars(); }, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(
+      this, [this] { UpdateBars(); }, Qt::QueuedConnection);
 }
 
 void TRowView::resizeEvent(QResizeEvent* event) {
@@ -201,8 +206,8 @@ void TRowView::contextMenuEvent(QContextMenuEvent* event) {
   const int64_t row = byKey ? mCurrent : RowAt(event->pos());
   if (row == NO_ROW) return;
   SetCurrentRow(row);
-  const QPoint place = byKey ? viewport()->mapToGlobal(RowRect(row).bottomLeft())
-                             : event->globalPos();
+  const QPoint place =
+      byKey ? viewport()->mapToGlobal(RowRect(row).bottomLeft()) : event->globalPos();
   RowMenu(row, place);
   event->accept();
 }

@@ -58,8 +58,8 @@ int TSrcCodeView::PaintRow(QPainter& painter, int64_t row, const QRect& place) {
     draw_break_point(painter, mark, colours.breakPoint, item.rule != TBreakRule());
   }
   if (item.breaking) {
-    const QRectF inner = item.breakPoint ? mark.adjusted(side / 4.0, side / 4.0, -1, -side / 4.0)
-                                         : mark;
+    const QRectF inner =
+        item.breakPoint ? mark.adjusted(side / 4.0, side / 4.0, -1, -side / 4.0) : mark;
     draw_break_arrow(painter, inner, item.breakPoint ? colours.paper : arrow_colour(palette()));
   }
   const QString text = QString::fromStdString(item.text);

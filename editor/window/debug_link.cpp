@@ -24,8 +24,8 @@ TDebugLink::TDebugLink(QWidget* window, TEngineContext& context, TListDocument& 
       mModel(view.Model()),
       mSay(std::move(say)),
       mDialog(new TBreakRuleDialog(window, context)) {
-  mMarks.SetCalls({[this](int line) { Toggle(line); },
-                   [this](int line, QPoint place) { Menu(line, place); }});
+  mMarks.SetCalls(
+      {[this](int line) { Toggle(line); }, [this](int line, QPoint place) { Menu(line, place); }});
   mEdit.viewport()->installEventFilter(this);
 }
 
@@ -69,8 +69,7 @@ void TDebugLink::BreakPointChanged(size_t item) {
 
 void TDebugLink::ViewChanged() {
   const bool stands = mModel.RunMode() == TDebugRunMode::Breaked;
-  const std::optional<size_t> item =
-      stands ? mModel.FindSrcLine(mModel.CurLine()) : std::nullopt;
+  const std::optional<size_t> item = stands ? mModel.FindSrcLine(mModel.CurLine()) : std::nullopt;
   const int line = item ? LineOf(*item) : -1;
   if (line != mMarks.StopLine()) mMarks.ShowStop(line);
 }
@@ -133,12 +132,10 @@ bool TDebugLink::MessageReceived(const TMessage& message) {
 void TDebugLink::Menu(int line, QPoint place) {
   auto* menu = new QMenu(mWindow);
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  add_debug_command(menu, mContext, debug_break_commands()[0], [this, line](const char*) {
-    Toggle(line);
-  });
-  add_debug_command(menu, mContext, debug_break_commands()[1], [this, line](const char*) {
-    AskRule(line);
-  });
+  add_debug_command(menu, mContext, debug_break_commands()[0],
+                    [this, line](const char*) { Toggle(line); });
+  add_debug_command(menu, mContext, debug_break_commands()[1],
+                    [this, line](const char*) { AskRule(line); });
   menu->popup(place);
 }
 

@@ -35,11 +35,12 @@ class TDebugWindowRig : public TWindowRig {
   }
   /// The program stands at a line, and the windows show it.
   testing::AssertionResult StandsAt(int32_t line) {
-    const testing::AssertionResult result = Until([&] {
-      return IsAt(line) && Marks().StopLine() >= 0;
-    });
-    return result ? result : testing::AssertionFailure() << "stands not at " << line << " but "
-                                                         << Model().CurLine() << "\n" << Screen();
+    const testing::AssertionResult result =
+        Until([&] { return IsAt(line) && Marks().StopLine() >= 0; });
+    return result ? result
+                  : testing::AssertionFailure()
+                        << "stands not at " << line << " but " << Model().CurLine() << "\n"
+                        << Screen();
   }
   testing::AssertionResult Ended() {
     return Until([&] { return !Model().HasDebugger() && IsIdle() && Marks().StopLine() < 0; });
@@ -62,11 +63,9 @@ class TDebugWindowRig : public TWindowRig {
     ASSERT_TRUE(StandsAt(line));
   }
 
-  static void Click(TRowView& view, int64_t row, int x,
-                    Qt::MouseButton button = Qt::LeftButton) {
+  static void Click(TRowView& view, int64_t row, int x, Qt::MouseButton button = Qt::LeftButton) {
     view.ScrollToTop(row);
-    QTest::mouseClick(view.viewport(), button, {},
-                      QPoint(x, view.RowRect(row).center().y()));
+    QTest::mouseClick(view.viewport(), button, {}, QPoint(x, view.RowRect(row).center().y()));
   }
   /// A key for a window that has the keyboard.
   void Key(QWidget& window, Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier) {
@@ -74,18 +73,18 @@ class TDebugWindowRig : public TWindowRig {
     ASSERT_TRUE(Until([&] { return window.isActiveWindow(); }));
     QTest::keyClick(&window, key, held);
   }
-  void DebugKey(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier) { Key(Debug(), key, held); }
+  void DebugKey(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier) {
+    Key(Debug(), key, held);
+  }
   void EditKey(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier) {
     mApp->MainWindow().activateWindow();
     Edit().setFocus();
     Key(mApp->MainWindow(), key, held);
   }
-  void Press(const char* button) {
-    QTest::mouseClick(DebugView().Button(button), Qt::LeftButton);
-  }
+  void Press(const char* button) { QTest::mouseClick(DebugView().Button(button), Qt::LeftButton); }
   void ClickMargin(int line, Qt::MouseButton button = Qt::LeftButton) {
-    const long position = Edit().SendScintilla(QsciScintilla::SCI_POSITIONFROMLINE,
-                                               static_cast<unsigned long>(line));
+    const long position =
+        Edit().SendScintilla(QsciScintilla::SCI_POSITIONFROMLINE, static_cast<unsigned long>(line));
     const long y = Edit().SendScintilla(QsciScintilla::SCI_POINTYFROMPOSITION, 0UL, position);
     QTest::mouseClick(Edit().viewport(), button, {},
                       QPoint(Edit().marginWidth(0) + 4, static_cast<int>(y) + 4));

@@ -360,8 +360,8 @@ TEST_F(TDebugWindowTest, ChangedValuesAreMarked) {
   EXPECT_FALSE(Model().VarRow(Item("B!")).changed);
   // In another colour, and bold.
   const auto has_marked_pixel = [this](const char* name) {
-    const QImage row = Vars().viewport()->grab(Vars().RowRect(static_cast<int64_t>(Item(name))))
-                           .toImage();
+    const QImage row =
+        Vars().viewport()->grab(Vars().RowRect(static_cast<int64_t>(Item(name)))).toImage();
     const QRgb wanted = row_colours(Vars().palette()).changed.rgb();
     for (int y = 0; y < row.height(); ++y) {
       for (int x = 0; x < row.width(); ++x) {
@@ -392,10 +392,10 @@ TEST_F(TDebugWindowTest, TheValueUnderThePointer) {
             "I = 2");
   QToolTip::hideText();
   const long at = Edit().SendScintilla(QsciScintilla::SCI_POSITIONFROMLINE, 1UL) + 9;
-  const int x = static_cast<int>(
-      Edit().SendScintilla(QsciScintilla::SCI_POINTXFROMPOSITION, 0UL, at));
-  const int y = static_cast<int>(
-      Edit().SendScintilla(QsciScintilla::SCI_POINTYFROMPOSITION, 0UL, at));
+  const int x =
+      static_cast<int>(Edit().SendScintilla(QsciScintilla::SCI_POINTXFROMPOSITION, 0UL, at));
+  const int y =
+      static_cast<int>(Edit().SendScintilla(QsciScintilla::SCI_POINTYFROMPOSITION, 0UL, at));
   EXPECT_EQ(hover(Edit().viewport(), QPoint(x + 3, y + 5)), "A(I) = 8");
 }
 
