@@ -214,7 +214,9 @@ void TRowView::contextMenuEvent(QContextMenuEvent* event) {
 
 void TRowView::focusInEvent(QFocusEvent* event) {
   QAbstractScrollArea::focusInEvent(event);
-  if (mCurrent == NO_ROW && mRows > 0 && event->reason() != Qt::MouseFocusReason) SetCurrentRow(0);
+  const Qt::FocusReason reason = event->reason();
+  const bool byKey = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
+  if (byKey && mCurrent == NO_ROW && mRows > 0) SetCurrentRow(verticalScrollBar()->value());
   viewport()->update();
 }
 

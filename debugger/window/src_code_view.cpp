@@ -84,7 +84,8 @@ QString TSrcCodeView::HoverText(int64_t row, int x) const {
   const QString text = QString::fromStdString(line);
   QTextLayout layout(text, font());
   layout.beginLayout();
-  const QTextLine shown = layout.createLine();
+  QTextLine shown = layout.createLine();
+  if (shown.isValid()) shown.setLineWidth(QWIDGETSIZE_MAX);
   layout.endLayout();
   const int along = x - TEXT_X;
   if (!shown.isValid() || along < 0 || along >= shown.naturalTextWidth()) return {};

@@ -35,12 +35,13 @@ class TDebugWindowRig : public TWindowRig {
   }
   /// The program stands at a line, and the windows show it.
   testing::AssertionResult StandsAt(int32_t line) {
-    const testing::AssertionResult result =
-        Until([&] { return IsAt(line) && Marks().StopLine() >= 0; });
-    return result ? result
-                  : testing::AssertionFailure()
-                        << "stands not at " << line << " but " << Model().CurLine() << "\n"
-                        << Screen();
+    if (!Until([&] { return IsAt(line); })) {
+      return testing::AssertionFailure()
+             << "not at " << line << " but at " << Model().CurLine() << "\n"
+             << Screen();
+    }
+    DebugView().Refresh();
+    return testing::AssertionSuccess();
   }
   testing::AssertionResult Ended() {
     return Until([&] { return !Model().HasDebugger() && IsIdle() && Marks().StopLine() < 0; });
@@ -81,7 +82,12 @@ class TDebugWindowRig : public TWindowRig {
     Edit().setFocus();
     Key(mApp->MainWindow(), key, held);
   }
-  void Press(const char* button) { QTest::mouseClick(DebugView().Button(button), Qt::LeftButton); }
+  void Press(const char* name) {
+    QWidget* const button = DebugView().Button(name);
+    // They follow the program with the next frame.
+    ASSERT_TRUE(Until([&] { return button->isEnabled(); })) << name;
+    QTest::mouseClick(button, Qt::LeftButton);
+  }
   void ClickMargin(int line, Qt::MouseButton button = Qt::LeftButton) {
     const long position =
         Edit().SendScintilla(QsciScintilla::SCI_POSITIONFROMLINE, static_cast<unsigned long>(line));
