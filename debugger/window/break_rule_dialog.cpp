@@ -62,7 +62,10 @@ void TBreakRuleDialog::SetLabels() {
   mCondition->setAccessibleName(localized(mContext, "Condition: ").trimmed());
   mHint->setText(localized(mContext, "@Hint_Break_Condition@"));
   mCountLabel->setText(label("Stop from pass: ", "S"));
-  mCount->setAccessibleName(localized(mContext, "Stop from pass: ").trimmed());
+  const QString count = localized(mContext, "Stop from pass: ").trimmed();
+  mCount->setAccessibleName(count);
+  // The field within it is met on its own, too.
+  for (QLineEdit* field : mCount->findChildren<QLineEdit*>()) field->setAccessibleName(count);
   mCancel->setText(localized(mContext, "Cancel"));
   mOk->setText(localized(mContext, "OK"));
 }
