@@ -155,6 +155,7 @@ void TDebugView::SetViewLabel() {
   }
   mToolBar->setAccessibleName(localized(mContext, "Debugger"));
   mSrcCode->setAccessibleName(localized(mContext, "Source"));
+  mSrcCode->SetReadTexts(localized(mContext, "Breakpoint"), localized(mContext, "Stopped here"));
   mCallStackLabel->setText(localized(mContext, "Call Stack"));
   mCallStack->setAccessibleName(localized(mContext, "Call Stack"));
   mVarsLabel->setText(localized(mContext, "Variables"));

@@ -112,7 +112,7 @@ void TRowView::SetCurrentRow(int64_t row) {
 }
 
 void TRowView::TellReaders() {
-  setAccessibleDescription(mCurrent == NO_ROW ? QString() : RowText(mCurrent));
+  setAccessibleDescription(mCurrent == NO_ROW ? QString() : ReadText(mCurrent));
   if (!QAccessible::isActive()) return;
   QAccessibleEvent event(this, QAccessible::DescriptionChanged);
   QAccessible::updateAccessibility(&event);

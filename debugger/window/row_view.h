@@ -46,8 +46,10 @@ class TRowView : public QAbstractScrollArea {
   /// There may be other rows now.
   void RowsChanged();
 
-  /// The text of a row, as it is read out.
+  /// The text of a row.
   virtual QString RowText(int64_t row) const = 0;
+  /// A row as it is read out.
+  virtual QString ReadText(int64_t row) const { return RowText(row); }
 
  protected:
   virtual int64_t CountRows() const = 0;

@@ -47,6 +47,14 @@ QString TSrcCodeView::RowText(int64_t row) const {
   return QString::fromStdString(mModel.SrcLine(static_cast<size_t>(row)).text);
 }
 
+QString TSrcCodeView::ReadText(int64_t row) const {
+  const TSrcCodeItem item = mModel.SrcLine(static_cast<size_t>(row));
+  QString text;
+  if (item.breaking) text += mStopText + ": ";
+  if (item.breakPoint) text += mBreakPointText + ": ";
+  return text + QString::fromStdString(item.text);
+}
+
 int TSrcCodeView::PaintRow(QPainter& painter, int64_t row, const QRect& place) {
   const TSrcCodeItem item = mModel.SrcLine(static_cast<size_t>(row));
   const TRowColours colours = row_colours(palette());

@@ -27,7 +27,14 @@ class TSrcCodeView final : public TRowView {
   /// There are other lines.
   void SetSrcCode();
 
+  /// What is read out before a line with a breakpoint, and before that of the stop.
+  void SetReadTexts(const QString& breakPoint, const QString& stop) {
+    mBreakPointText = breakPoint;
+    mStopText = stop;
+  }
+
   QString RowText(int64_t row) const override;
+  QString ReadText(int64_t row) const override;
 
  protected:
   int64_t CountRows() const override { return static_cast<int64_t>(mModel.SrcLineCount()); }
@@ -40,6 +47,8 @@ class TSrcCodeView final : public TRowView {
  private:
   TDebugModel& mModel;
   TSrcCodeCalls mCalls;
+  QString mBreakPointText;
+  QString mStopText;
 };
 
 /// The value of what the pointer is at in a line of the source, as it is shown: "A(1) = 5"; empty

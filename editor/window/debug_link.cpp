@@ -7,22 +7,24 @@
 #include <utility>
 
 #include "app/settings/exit_states.h"
+#include "debugger/debugger.h"
 #include "debugger/window/debug_commands.h"
 
 namespace zoka {
 
 TDebugLink::TDebugLink(QWidget* window, TEngineContext& context, TListDocument& document,
-                       TEditTxtView& edit, TDebugView& view,
-                       std::function<void(const std::string&)> say)
+                       TRunView& runView, TEditTxtView& edit, TDebugView& view,
+                       TDebugLinkCalls calls)
     : QObject(window),
       mWindow(window),
       mContext(context),
       mDocument(document),
+      mRunView(runView),
       mEdit(edit),
       mMarks(edit.BreakMarks()),
       mView(view),
       mModel(view.Model()),
-      mSay(std::move(say)),
+      mCalls(std::move(calls)),
       mDialog(new TBreakRuleDialog(window, context)) {
   mMarks.SetCalls(
       {[this](int line) { Toggle(line); }, [this](int line, QPoint place) { Menu(line, place); }});
@@ -37,6 +39,7 @@ int TDebugLink::CursorLine() const {
 }
 
 std::optional<size_t> TDebugLink::ItemOf(int line) const {
+  if (line < 0) return std::nullopt;
   const int32_t then = mMarks.Drift().Then(line);
   if (then < 0) return std::nullopt;
   const int32_t formatted = mDocument.FormattedSource().FormattedLine(then);
@@ -52,8 +55,11 @@ int TDebugLink::LineOf(size_t item) const {
 void TDebugLink::DebuggerReady() {
   for (const TBreakMarks::TMark& mark : mMarks.All()) {
     const std::optional<size_t> item = ItemOf(mark.line);
-    if (item) mModel.SetBreakRule(*item, mark.rule);
+    // A line that has its mark already is the first one, at which programs are to stop in any case.
+    if (item && !mModel.SrcLine(*item).breakPoint) mModel.SetBreakRule(*item, mark.rule);
   }
+  const std::optional<size_t> runTo = ItemOf(std::exchange(mRunTo, -1));
+  if (runTo) mRunView.Debugger()->BreakPoints().SetRunTo(mModel.SrcLine(*runTo).line);
 }
 
 void TDebugLink::BreakPointChanged(size_t item) {
@@ -78,9 +84,7 @@ void TDebugLink::Toggle(int line) {
   const bool on = !mMarks.Has(line);
   if (on) {
     mMarks.Set(line, {});
-    if (!mContext.exitStates->UDbg.load()) {
-      mSay(mContext.catalogue->GetString("@Hint_Use_Debugger@"));
-    }
+    HintOption();
   } else {
     mMarks.Remove(line);
   }
@@ -100,9 +104,23 @@ void TDebugLink::AskRule(int line) {
   });
 }
 
+/// Who sets a breakpoint in vain is told why.
+void TDebugLink::HintOption() {
+  if (mContext.exitStates->UDbg.load()) return;
+  mCalls.say(mContext.catalogue->GetString("@Hint_Use_Debugger@"));
+}
+
 void TDebugLink::RunToCursor() {
+  if (!mModel.HasDebugger()) {
+    HintOption();
+    if (!mContext.exitStates->UDbg.load()) return;
+    mRunTo = CursorLine();
+    return mCalls.run();
+  }
   const std::optional<size_t> item = ItemOf(CursorLine());
-  if (item) mModel.RunToCursor(mModel.SrcLine(*item).line);
+  if (!item) return;
+  const int32_t line = mModel.SrcLine(*item).line;
+  if (!mModel.RunToCursor(line)) mRunView.Debugger()->BreakPoints().SetRunTo(line);
 }
 
 bool TDebugLink::MessageReceived(const TMessage& message) {

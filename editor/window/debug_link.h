@@ -4,7 +4,9 @@
 #pragma once
 
 #include <QObject>
+#include <functional>
 #include <optional>
+#include <string>
 
 #include "debugger/window/break_rule_dialog.h"
 #include "debugger/window/debug_view.h"
@@ -14,12 +16,20 @@
 
 namespace zoka {
 
+/// What the link asks for; all are set.
+struct TDebugLinkCalls {
+  /// A text for the status bar.
+  std::function<void(const std::string&)> say;
+  /// The list is run from its start.
+  std::function<void()> run;
+};
+
 /// Window thread.
 class TDebugLink final : public QObject {
  public:
-  /// Nothing is owned but the dialog; all outlives it. `say` shows a text in the status bar.
-  TDebugLink(QWidget* window, TEngineContext& context, TListDocument& document, TEditTxtView& edit,
-             TDebugView& view, std::function<void(const std::string&)> say);
+  /// Nothing is owned but the dialog; all outlives it. `window` holds the editor.
+  TDebugLink(QWidget* window, TEngineContext& context, TListDocument& document, TRunView& runView,
+             TEditTxtView& edit, TDebugView& view, TDebugLinkCalls calls);
 
   /// The text to be compiled was taken from the editor just now.
   void SourceTaken() { mMarks.Drift().Reset(); }
@@ -45,6 +55,7 @@ class TDebugLink final : public QObject {
   int LineOf(size_t item) const;
   void Toggle(int line);
   void AskRule(int line);
+  void HintOption();
   void RunToCursor();
   void Menu(int line, QPoint place);
   bool ShowValue(QPoint place, QPoint global);
@@ -53,11 +64,13 @@ class TDebugLink final : public QObject {
   QWidget* mWindow;
   TEngineContext& mContext;
   TListDocument& mDocument;
+  TRunView& mRunView;
   TEditTxtView& mEdit;
   TBreakMarks& mMarks;
   TDebugView& mView;
   TDebugModel& mModel;
-  std::function<void(const std::string&)> mSay;
+  TDebugLinkCalls mCalls;
+  int mRunTo = -1;  // the editor's line to which the run that is about to begin goes
   TBreakRuleDialog* mDialog;
 };
 

@@ -95,8 +95,9 @@ void TZokaBasicView::KeepUnsaved() {
 }
 
 void TZokaBasicView::SetDebugView(TDebugView& view) {
-  mDebugLink = new TDebugLink(this, mContext, mDocument, *mEdit, view,
-                              [this](const std::string& text) { SetStatBarStr(text); });
+  mDebugLink = new TDebugLink(this, mContext, mDocument, *mRunWindow.RunView(), *mEdit, view,
+                              {[this](const std::string& text) { SetStatBarStr(text); },
+                               [this] { MessageReceived(TMessage("run")); }});
 }
 
 void TZokaBasicView::DebuggerReady() {

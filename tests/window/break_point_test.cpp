@@ -247,6 +247,31 @@ TEST_F(TBreakPointTest, RunToCursorFromBothWindows) {
   ASSERT_TRUE(Ended());
 }
 
+TEST_F(TBreakPointTest, RunToCursorStartsAProgramAndReachesARunningOne) {
+  Edit().Set("10 A=1\n20 A=2\n30 GOTO 30\n");
+  PutCursor(1);
+  EditKey(Qt::Key_F10, Qt::ControlModifier);
+  ASSERT_TRUE(StandsAt(20));
+  Press("TBRun");
+  ASSERT_TRUE(Until([&] { return Model().CurLine() == 30; }));
+  PutCursor(2);
+  EditKey(Qt::Key_F10, Qt::ControlModifier);
+  ASSERT_TRUE(StandsAt(30));
+  // The next run knows nothing of it.
+  Edit().Set("10 A=1\n20 A=2\n");
+  RunList();
+  ASSERT_TRUE(Until([&] { return View().RunNumber() == 2; }));
+  ASSERT_TRUE(Ended());
+}
+
+TEST_F(TBreakPointTest, ThePreferenceStopsAtAFirstLineWithAConditionToo) {
+  mEngine->Context().prefs->BrkS.store(true);
+  Edit().Set(LOOP);
+  Marks().Set(0, {"I=99", 1});
+  RunList();
+  ASSERT_TRUE(StandsAt(10));
+}
+
 TEST_F(TBreakPointTest, TheEditorSaysThatTheOptionIsOff) {
   mEngine->Context().exitStates->UDbg.store(false);
   Edit().Set(LOOP);
