@@ -16,6 +16,7 @@ namespace {
 
 constexpr int DARK_LIGHTNESS = 128;
 constexpr int KEY_SCROLL_PIXELS = 24;
+constexpr int FOCUS_BAR_PIXELS = 3;
 
 }  // namespace
 
@@ -121,11 +122,14 @@ void TRowView::TellReaders() {
 void TRowView::PaintSelection(QPainter& painter, int64_t row, const QRect& place) const {
   if (row != mCurrent) return;
   const TRowColours colours = row_colours(palette());
-  // The frame of a list that has the keyboard stands out.
-  painter.setPen(hasFocus() ? palette().color(QPalette::Highlight) : colours.frame);
+  painter.setPen(colours.frame);
   painter.setBrush(Qt::NoBrush);
   const int left = horizontalScrollBar()->value() + place.left();
   painter.drawRect(left, place.top(), viewport()->width() - 1, place.height() - 1);
+  // A bar in front tells that the list has the keyboard.
+  if (!hasFocus()) return;
+  painter.fillRect(left, place.top(), FOCUS_BAR_PIXELS, place.height(),
+                   palette().color(QPalette::Highlight));
 }
 
 void TRowView::paintEvent(QPaintEvent* event) {
