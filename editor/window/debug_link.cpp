@@ -78,6 +78,9 @@ void TDebugLink::ViewChanged() {
   const std::optional<size_t> item = stands ? mModel.FindSrcLine(mModel.CurLine()) : std::nullopt;
   const int line = item ? LineOf(*item) : -1;
   if (line != mMarks.StopLine()) mMarks.ShowStop(line);
+  const bool stood = std::exchange(mStands, stands);
+  if (stands == stood || !mModel.HasDebugger()) return;
+  mCalls.say(mContext.catalogue->GetString(stands ? "Stopped by the debugger" : "Running"));
 }
 
 void TDebugLink::Toggle(int line) {

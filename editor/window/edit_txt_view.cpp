@@ -17,7 +17,7 @@ namespace {
 constexpr int NUMBER_MARGIN = 0;
 constexpr int MARK_MARGIN = 1;
 constexpr int MIN_NUMBER_DIGITS = 4;
-constexpr int MARK_MARGIN_WIDTH = 14;
+constexpr int MARK_MARGIN_WIDTH = 18;
 constexpr int FAULT_MARK = 1;
 constexpr int FAULT_LINE_MARK = 2;
 

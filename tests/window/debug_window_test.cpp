@@ -95,6 +95,7 @@ TEST_F(TDebugWindowTest, StepsByKeysOfTheDebugWindow) {
 
 TEST_F(TDebugWindowTest, StepsByKeysOfTheEditor) {
   RunToStop(CALLING, 1, 20);
+  EXPECT_EQ(mApp->MainWindow().StatusText(), " Stopped by the debugger");
   EditKey(Qt::Key_F11);
   ASSERT_TRUE(StandsAt(100));
   EXPECT_EQ(Marks().StopLine(), 4);
