@@ -27,11 +27,13 @@ TBasicApp::TBasicApp(TAppEngine& engine, TSplashWindow* splash)
   SetSplashStr("Creating windows");
   TBasicListMime(engine.Desktop()).InstallBasicListMime();
   CreateWindows();
+  ConnectDebugger();
   SetSplashStr("Adjusting sub windows");
   CreateDialogs();
 }
 
 void TBasicApp::CreateWindows() {
+  mDebugWindow = std::make_unique<TDebugWindow>(mWindowContext);
   mRunWindow = std::make_unique<TRunWindow>(mWindowContext, &mEngine.Place());
   mPreferences =
       std::make_unique<TAppPreferences>(mEngine, mWindowContext, mRunWindow->RunView()->Producer());
@@ -83,6 +85,17 @@ void TBasicApp::ShowFirstStartPage() {
                                      [this] { mMainWindow->UncoverEditor(); }});
   mMainWindow->CoverEditor(mFirstStart);
   mFirstStart->Appear();
+}
+
+void TBasicApp::ConnectDebugger() {
+  TDebugView& view = mDebugWindow->DebugView();
+  mRunWindow->RunView()->SetDebugModel(&view.Model());
+  mMainWindow->View().SetDebugView(view);
+  TDebugLink& link = *mMainWindow->View().DebugLink();
+  view.SetCalls({[this] { mRunWindow->Appear(); }, [this] { mMainWindow->Run(); },
+                 [this] { mMainWindow->Kill(); },
+                 [&link](size_t item) { link.BreakPointChanged(item); },
+                 [&link] { link.ViewChanged(); }});
 }
 
 void TBasicApp::CreateDialogs() {
@@ -147,6 +160,8 @@ void TBasicApp::MessageReceived(const TMessage& message) {
       return mMainWindow->Appear();
     case message_code("srwn"):
       return mRunWindow->Appear();
+    case message_code("sdwn"):
+      return mDebugWindow->Appear();
     case message_code("_QRQ"):
       QuitRequested();
       return;
@@ -172,6 +187,8 @@ void TBasicApp::MessageReceived(const TMessage& message) {
     case message_code("parc"):
     case message_code("pdec"):
       return mMainWindow->PostMessage(message);
+    case message_code("pdfc"):
+      return mDebugWindow->PostMessage(message);
     case message_code("sdfr"):
     case message_code("prfc"):
     case message_code("pusc"):
@@ -188,6 +205,7 @@ void TBasicApp::MessageReceived(const TMessage& message) {
 void TBasicApp::Broadcast(const TMessage& message) {
   mMainWindow->PostMessage(message);
   mRunWindow->PostMessage(message);
+  mDebugWindow->PostMessage(message);
 }
 
 void TBasicApp::SetLanguage(TLanguage language) {
@@ -220,14 +238,18 @@ void TBasicApp::Quit() {
   mPreferences->CloseWindows();
   mRunWindow->RunView()->CancelCompile();
   mRunWindow->RunView()->QuitBasic();
+  mDebugWindow->DebugView().SetCalls({});
+  mDebugWindow->hide();
   mRunWindow->hide();
   mMainWindow->hide();
+  mDebugWindow->Quit();
   mRunWindow->Quit();
   mMainWindow->Quit();
   // The main window's document uses the run window's view.
   mMainWindow.reset();
   mPreferences.reset();
   mRunWindow.reset();
+  mDebugWindow.reset();
   mEngine.Context().exitStates->SaveToFile();
 }
 

@@ -14,6 +14,7 @@
 #include "app/zoka_basic_window.h"
 #include "common/window/dialog_window.h"
 #include "common/window/message_queue.h"
+#include "debugger/window/debug_window.h"
 #include "editor/window/renum_window.h"
 #include "run/window/run_window.h"
 
@@ -42,6 +43,7 @@ class TBasicApp final : public THandler, private QObject {
 
   TAppPreferences& Preferences() { return *mPreferences; }
   TRunWindow& RunWindow() { return *mRunWindow; }
+  TDebugWindow& DebugWindow() { return *mDebugWindow; }
   TZokaBasicWindow& MainWindow() { return *mMainWindow; }
   TSimpleInputWindow& GoToLineWindow() { return *mGoToLine; }
   TSimpleInputWindow& RunLineWindow() { return *mRunLine; }
@@ -54,6 +56,7 @@ class TBasicApp final : public THandler, private QObject {
  private:
   void MessageReceived(const TMessage& message);
   void Broadcast(const TMessage& message);
+  void ConnectDebugger();
   void CreateDialogs();
   void SetLabels();
   void CreateWindows();
@@ -70,6 +73,8 @@ class TBasicApp final : public THandler, private QObject {
   TMessageQueue mQueue;
   TWindowContext mWindowContext;
   QPointer<TSplashWindow> mSplash;
+  // Runs report to the debug window's model, which must outlive them.
+  std::unique_ptr<TDebugWindow> mDebugWindow;
   std::unique_ptr<TRunWindow> mRunWindow;
   std::unique_ptr<TAppPreferences> mPreferences;
   std::unique_ptr<TZokaBasicWindow> mMainWindow;

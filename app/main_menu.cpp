@@ -7,6 +7,7 @@
 #include "app/zoka_basic_window.h"
 #include "common/file_path.h"
 #include "common/window/menu_label.h"
+#include "debugger/window/debug_commands.h"
 
 namespace zoka {
 namespace {
@@ -16,8 +17,6 @@ enum class TMenuTarget : uint8_t { Window, App };
 /// Positions in the history that have a digit of their own.
 constexpr int32_t DIGITS = 10;
 constexpr const char SEPARATOR[] = "";
-/// What is not there yet cannot be chosen.
-constexpr const char* ABSENT[] = {"sdwn"};
 
 }  // namespace
 
@@ -86,7 +85,6 @@ void TZokaBasicWindow::CreateMenu() {
   AddRows(AddMenu(new QMenu(menuBar()), "Window", "W"), windows, std::size(windows));
   CreateHelpMenu();
   GenerateHistoryMenu();
-  for (const char* code : ABSENT) FindItem(code)->setEnabled(false);
   UpdateItems();
 }
 
@@ -154,8 +152,17 @@ void TZokaBasicWindow::CreateRunMenu() {
       {"Repeat", "rptr", {}, "", TMenuTarget::Window, true},
       {"Use Debugger", "usdb", {}, "", TMenuTarget::Window, true},
   };
-  AddRows(AddMenu(new QMenu(menuBar()), "Run", ""), rows, std::size(rows));
-  FindItem("run")->setShortcuts({Qt::CTRL | Qt::Key_R, Qt::Key_F5});
+  QMenu* const menu = AddMenu(new QMenu(menuBar()), "Run", "");
+  AddRows(menu, rows, std::size(rows));
+  const auto chosen = [this](const char* code) { PostMessage(TMessage(code)); };
+  menu->addSeparator();
+  for (const TDebugCommand& command : debug_run_commands()) {
+    add_debug_command(menu, Engine(), command, chosen);
+  }
+  menu->addSeparator();
+  for (const TDebugCommand& command : debug_break_commands()) {
+    add_debug_command(menu, Engine(), command, chosen);
+  }
 }
 
 void TZokaBasicWindow::CreateHelpMenu() {

@@ -1,8 +1,10 @@
-// Lines a second of a debugged program, with all of its reports applied to the model.
+// Lines a second of a debugged program, with all of its reports applied to the model, and the time
+// that a step takes.
 #include <benchmark/benchmark.h>
 
 #include <functional>
 #include <memory>
+#include <thread>
 
 #include "app/settings/exit_states.h"
 #include "app/settings/prefs.h"
@@ -42,6 +44,17 @@ class TDebuggedList {
     mDocument->RunBasic(TMessage("run"));
     mView->WaitForEnd();
   }
+  /// Starts the list, which stops at its first line.
+  void RunToStop() {
+    mPrefs.BrkS.store(true);
+    mDocumentHost.set = [] {};
+    mDocument->RunBasic(TMessage("run"));
+    AwaitStop();
+  }
+  void Step() {
+    mModel.StepIn();
+    AwaitStop();
+  }
 
  private:
   class TStarter final : public TDocumentHost {
@@ -49,6 +62,10 @@ class TDebuggedList {
     void DebuggerReady() override { set(); }
     std::function<void()> set;
   };
+
+  void AwaitStop() const {
+    while (mModel.RunMode() != TDebugRunMode::Breaked) std::this_thread::yield();
+  }
 
   std::unique_ptr<TClock> mClock;
   TCatalogue mCatalogue{TLanguage::Keys};
@@ -90,6 +107,14 @@ void debugged_calls(benchmark::State& state) {
   run_lines(state, CALLS, 3, false);
 }
 BENCHMARK(debugged_calls)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
+
+/// From the command to the next stop.
+void debugged_step(benchmark::State& state) {
+  TDebuggedList debugged("10 A=A+1\n20 GOTO 10\n");
+  debugged.RunToStop();
+  for (auto _ : state) debugged.Step();
+}
+BENCHMARK(debugged_step)->Unit(benchmark::kMicrosecond)->UseRealTime();
 
 }  // namespace
 }  // namespace zoka

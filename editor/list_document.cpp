@@ -5,6 +5,7 @@
 
 #include <utility>
 
+#include "app/settings/exit_states.h"
 #include "app/settings/prefs.h"
 #include "app/settings/show_alert.h"
 #include "common/file.h"
@@ -28,6 +29,7 @@ TSaveAnswer TDocumentHost::AskSave(const std::string&) {
 void TDocumentHost::SetStatBarStr(const std::string&) {}
 void TDocumentHost::SetWinTitle() {}
 void TDocumentHost::AddHistory(const std::string&) {}
+void TDocumentHost::ShowDebug() {}
 void TDocumentHost::ShowRun() {}
 void TDocumentHost::StateChanged() {}
 void TDocumentHost::ModifiedChanged() {}
@@ -244,6 +246,7 @@ TRunOutcome TListDocument::LaunchRun(TCompileResult result, const TMessage& requ
   SetState(TDocumentEvent::Compiled);
   bool notFore = false;
   request.FindBool("NotFore", &notFore);
+  if (mContext.exitStates->UDbg.load()) mHost.ShowDebug();
   if (!notFore) mHost.ShowRun();
   mRunView.ReadyBasic();
   ConnectDebugger();

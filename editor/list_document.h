@@ -57,6 +57,8 @@ class TDocumentHost {
   virtual void SetWinTitle();
   /// The file has become the current one: history.
   virtual void AddHistory(const std::string& path);
+  /// The window of a debugged run is to be seen.
+  virtual void ShowDebug();
   /// The window of the run comes to the front.
   virtual void ShowRun();
   /// The state of the document has changed.

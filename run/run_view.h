@@ -76,6 +76,8 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   void DrainMusic(bigtime_t tail) { mMusic.Drain(tail, mStopRequested); }
   /// Asks the machine and the compiler to end at once, as by force; does not wait. It holds also
   /// for what is started later: the process is about to end. Any thread.
+  /// Asks the machine and the compiler to end at once, as by force; does not wait. It holds for
+  /// what is started later, too: the process is about to end. Any thread.
   void ForceStop();
 
   /// Where debugged runs report to; null for none. Set between runs; not owned, outlives the view.

@@ -9,6 +9,7 @@
 #include <QRgb>
 #include <algorithm>
 #include <set>
+#include <utility>
 
 #include "common/window/fixed_font.h"
 
@@ -18,7 +19,7 @@ namespace {
 constexpr int NUMBER_MARGIN = 0;
 constexpr int MARK_MARGIN = 1;
 constexpr int MIN_NUMBER_DIGITS = 4;
-constexpr int MARK_MARGIN_WIDTH = 14;
+constexpr int MARK_MARGIN_WIDTH = 18;
 constexpr int FAULT_MARK = 1;
 constexpr int FAULT_LINE_MARK = 2;
 
@@ -88,6 +89,12 @@ bool is_moving_key(int key) {
   }
 }
 
+/// The first line of a text, with its line feed if it has one.
+std::string_view first_line(std::string_view text) {
+  const size_t end = text.find('\n');
+  return end == text.npos ? text : text.substr(0, end + 1);
+}
+
 bool has_foreign_files(const QDropEvent& event) {
   return is_foreign_drop(event.source(), *event.mimeData());
 }
@@ -141,6 +148,7 @@ void TEditTxtView::SetMarks() {
   markerDefine(RightArrow, FAULT_MARK);
   markerDefine(Background, FAULT_LINE_MARK);
   indicatorDefine(SquiggleIndicator, UNDEFINED_INDICATOR);
+  mBreakMarks = new TBreakMarks(*this, MARK_MARGIN);
 }
 
 void TEditTxtView::ApplyColours() {
@@ -208,6 +216,7 @@ std::string TEditTxtView::Get() const {
 
 void TEditTxtView::Set(const std::string& text) {
   mSetting = true;
+  mBreakMarks->Clear();
   SendScintilla(SCI_CLEARALL);
   SendScintilla(SCI_APPENDTEXT, static_cast<unsigned long>(text.size()), text.data());
   SendScintilla(SCI_EMPTYUNDOBUFFER);
@@ -218,11 +227,48 @@ void TEditTxtView::Set(const std::string& text) {
 
 void TEditTxtView::Replace(const std::string& text) {
   const long position = SendScintilla(SCI_GETCURRENTPOS);
+  mSetting = true;
   beginUndoAction();
-  SendScintilla(SCI_TARGETWHOLEDOCUMENT);
-  SendScintilla(SCI_REPLACETARGET, static_cast<unsigned long>(text.size()), text.data());
+  if (!ReplaceLines(text)) {
+    SendScintilla(SCI_TARGETWHOLEDOCUMENT);
+    SendScintilla(SCI_REPLACETARGET, static_cast<unsigned long>(text.size()), text.data());
+  }
   endUndoAction();
+  mSetting = false;
   SendScintilla(SCI_GOTOPOS, static_cast<unsigned long>(position));
+  MarkFault(-1);
+  if (mCalls.edited) mCalls.edited();
+}
+
+/// Replaces what differs in each line, so that marks stay with their lines; false, and nothing is
+/// done, if the texts have not the same number of lines.
+bool TEditTxtView::ReplaceLines(std::string_view text) {
+  const std::string old = Get();
+  if (std::count(old.begin(), old.end(), '\n') != std::count(text.begin(), text.end(), '\n')) {
+    return false;
+  }
+  size_t offset = 0;  // of the line in the text as it is by now
+  for (std::string_view rest = old; !rest.empty() || !text.empty();) {
+    const auto [before, now] = std::pair(first_line(rest), first_line(text));
+    rest.remove_prefix(before.size());
+    text.remove_prefix(now.size());
+    const auto [same, sameNow] =
+        std::mismatch(before.begin(), before.end(), now.begin(), now.end());
+    const auto front = static_cast<size_t>(same - before.begin());
+    const std::string_view oldTail = before.substr(front);
+    const std::string_view newTail = now.substr(front);
+    const auto [end, endNow] =
+        std::mismatch(oldTail.rbegin(), oldTail.rend(), newTail.rbegin(), newTail.rend());
+    const auto back = static_cast<size_t>(end - oldTail.rbegin());
+    if (!oldTail.empty() || !newTail.empty()) {
+      SendScintilla(SCI_SETTARGETRANGE, static_cast<unsigned long>(offset + front),
+                    static_cast<long>(offset + before.size() - back));
+      SendScintilla(SCI_REPLACETARGET, static_cast<unsigned long>(newTail.size() - back),
+                    newTail.data());
+    }
+    offset += now.size();
+  }
+  return true;
 }
 
 void TEditTxtView::Insert(const std::string& text) {

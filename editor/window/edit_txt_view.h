@@ -6,9 +6,11 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "app/settings/prefs.h"
 #include "editor/list_document.h"
+#include "editor/window/break_marks.h"
 #include "editor/window/list_lexer.h"
 
 namespace zoka {
@@ -48,6 +50,8 @@ class TEditTxtView final : public QsciScintilla, public TEditText {
   void MarkFault(int line);
   /// The marked line, or -1.
   int FaultLine() const;
+  /// Breakpoints, and the line at which a program stands.
+  TBreakMarks& BreakMarks() { return *mBreakMarks; }
   /// Deletes the selection.
   void ClearSelection();
 
@@ -61,6 +65,7 @@ class TEditTxtView final : public QsciScintilla, public TEditText {
  private:
   void SetKeys();
   void SetMarks();
+  bool ReplaceLines(std::string_view text);
   void ApplyColours();
   /// The line of the cursor is lit up, or has the colour of a fault if it is marked as one.
   void ColourCaretLine();
@@ -69,6 +74,7 @@ class TEditTxtView final : public QsciScintilla, public TEditText {
 
   TEditCalls mCalls;
   TListLexer* mLexer;
+  TBreakMarks* mBreakMarks = nullptr;
   bool mSetting = false;  // the text is being replaced as a whole: no edit
 };
 

@@ -10,6 +10,7 @@
 #include "app/settings/prefs.h"
 #include "app/settings/show_alert.h"
 #include "common/file_path.h"
+#include "debugger/window/debug_commands.h"
 #include "editor/find_line.h"
 #include "editor/window/list_panels.h"
 
@@ -92,6 +93,20 @@ void TZokaBasicView::KeepUnsaved() {
   mSlot.WriteJournal(mEdit->Get());
 }
 
+void TZokaBasicView::SetDebugView(TDebugView& view) {
+  mDebugLink = new TDebugLink(this, mContext, mDocument, *mRunWindow.RunView(), *mEdit, view,
+                              {[this](const std::string& text) { SetStatBarStr(text); },
+                               [this] { MessageReceived(TMessage("run")); }});
+}
+
+void TZokaBasicView::DebuggerReady() {
+  if (mDebugLink != nullptr) mDebugLink->DebuggerReady();
+}
+
+void TZokaBasicView::ShowDebug() {
+  if (mDebugLink != nullptr) mDebugLink->ShowDebug();
+}
+
 void TZokaBasicView::CheckAndLoadAutoSave() {
   if (!mSlot.Leftover().empty()) AskRestore();
   // Not before the answer: it would write over what the question is about.
@@ -126,7 +141,10 @@ void TZokaBasicView::SetAutoSaveRegular() {
 }
 
 bool TZokaBasicView::MessageReceived(const TMessage& message) {
+  if (mDebugLink != nullptr && mDebugLink->MessageReceived(message)) return true;
   switch (message.what) {
+    case message_code(DEBUG_RUN_OR_GO_ON):
+      return MessageReceived(TMessage("run"));
     case message_code("kill"):
       Kill();
       return true;
@@ -212,6 +230,7 @@ void TZokaBasicView::ShowRun() {
 
 void TZokaBasicView::StateChanged() {
   const TDocumentState state = mDocument.State();
+  if (state == TDocumentState::Compiling && mDebugLink != nullptr) mDebugLink->SourceTaken();
   if (state == TDocumentState::Running) SetStatBarStr(GetString("Running"));
   if (state == TDocumentState::Idle) SetStatBarStr("");
   if (mCalls.stateChanged) mCalls.stateChanged();
@@ -275,6 +294,7 @@ void TZokaBasicView::LanguageChanged() {
   mStatBar->setAccessibleName(QString::fromStdString(GetString("Status")));
   mFindBar->SetLabels();
   mComforts.SetLabels();
+  if (mDebugLink != nullptr) mDebugLink->SetLabels();
   SetWinTitle();
   SetStatBarStr("");
 }

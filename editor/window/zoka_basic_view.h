@@ -11,6 +11,7 @@
 #include "editor/auto_save.h"
 #include "editor/list_document.h"
 #include "editor/list_requests.h"
+#include "editor/window/debug_link.h"
 #include "editor/window/edit_comforts.h"
 #include "editor/window/edit_txt_view.h"
 #include "editor/window/find_bar.h"
@@ -34,6 +35,8 @@ class TZokaBasicView final : public TBasicView, private TDocumentHost, private T
   ~TZokaBasicView() override;
 
   void SetCalls(TBasicViewCalls calls) { mCalls = std::move(calls); }
+  /// Debugged runs are shown there from now on; it outlives this view's use.
+  void SetDebugView(TDebugView& view);
   /// Handles a message; false if it is none of the document's.
   bool MessageReceived(const TMessage& message);
   /// Asks whether to take over what an abnormal end left behind, and starts the regular auto-save.
@@ -55,14 +58,18 @@ class TZokaBasicView final : public TBasicView, private TDocumentHost, private T
   TEditTxtView& Edit() { return *mEdit; }
   TFindBar& FindBar() { return *mFindBar; }
   TEditComforts& Comforts() { return mComforts; }
+  /// Null before SetDebugView.
+  TDebugLink* DebugLink() { return mDebugLink; }
 
  private:
   void SetWinTitle() override;
   void AddHistory(const std::string& path) override;
+  void ShowDebug() override;
   void ShowRun() override;
   void StateChanged() override;
   void ModifiedChanged() override;
   void CompileEnded(int64_t compilation) override;
+  void DebuggerReady() override;
 
   THandlerId WindowId() const override { return mWindow.HandlerId(); }
   void PostToWindow(const TMessage& message) override { mWindow.PostMessage(message); }
@@ -91,6 +98,7 @@ class TZokaBasicView final : public TBasicView, private TDocumentHost, private T
   TListDocument mDocument;
   TListRequests mRequests;
   TEditComforts mComforts;
+  TDebugLink* mDebugLink = nullptr;
   QTimer mJournalTimer;
   bool mIsKept = true;  // the last attempt to keep unsaved text succeeded
   QTimer mAutoSaveTimer;

@@ -101,7 +101,7 @@ TEST_F(TMainMenu, RunToolAndWindow) {
             "-\n"
             "Repeat [rptr]\n"
             "Use Debugger [usdb]\n");
-  EXPECT_TRUE(Window().FindItem("run")->shortcuts().contains(QKeySequence(Qt::Key_F5)));
+  EXPECT_TRUE(Window().FindItem("rngo")->shortcut() == QKeySequence(Qt::Key_F5));
   EXPECT_EQ(Items(Menu(3)),
             "Preferences(&P) [_prf] Ctrl+P\n"
             "KORUNE Common Preferences [_Ssp]\n");

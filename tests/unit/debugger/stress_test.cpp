@@ -1,6 +1,8 @@
 // Clicks at random while a program runs, stops, dimensions and ends: nothing dead-locks, nothing is
-// read that is not there, and each run ends.
+// read that is not there, and each run ends. ZOKA_STRESS_SECONDS lets it go on for longer.
 #include <atomic>
+#include <chrono>
+#include <cstdlib>
 #include <random>
 #include <thread>
 
@@ -86,7 +88,10 @@ void click(TDebugRig& rig, std::minstd_rand& random) {
 }
 
 TEST(DebugStress, ClicksAtRandom) {
-  for (int run = 0; run < RUNS; ++run) {
+  const char* const wanted = std::getenv("ZOKA_STRESS_SECONDS");
+  const auto end = std::chrono::steady_clock::now() +
+                   std::chrono::seconds(wanted != nullptr ? std::atoll(wanted) : 0);
+  for (int run = 0; run < RUNS || std::chrono::steady_clock::now() < end; ++run) {
     TDebugRig rig(BUSY, run % 2 == 0);
     rig.model.KeepLog(false);
     std::atomic<bool> painting{true};

@@ -1,0 +1,14 @@
+// Which expression the user means who points at a place of a source line. It evaluates nothing.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace zoka {
+
+/// The variable at byte `column` of a line, with its type character, and with its subscripts if it
+/// has some: pointing at the name of "A(I+1,2)" means the element, pointing at I means I. Empty
+/// where there is no name: in numbers, texts in quotes, comments and everything else.
+std::string_view expression_at(std::string_view line, size_t column);
+
+}  // namespace zoka

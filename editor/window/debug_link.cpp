@@ -1,0 +1,189 @@
+// Breakpoints, stops and values between the editor and a debugged run.
+#include "editor/window/debug_link.h"
+
+#include <QHelpEvent>
+#include <QMenu>
+#include <QToolTip>
+#include <utility>
+
+#include "app/settings/exit_states.h"
+#include "debugger/debugger.h"
+#include "debugger/window/debug_commands.h"
+
+namespace zoka {
+
+TDebugLink::TDebugLink(QWidget* window, TEngineContext& context, TListDocument& document,
+                       TRunView& runView, TEditTxtView& edit, TDebugView& view,
+                       TDebugLinkCalls calls)
+    : QObject(window),
+      mWindow(window),
+      mContext(context),
+      mDocument(document),
+      mRunView(runView),
+      mEdit(edit),
+      mMarks(edit.BreakMarks()),
+      mView(view),
+      mModel(view.Model()),
+      mCalls(std::move(calls)),
+      mDialog(new TBreakRuleDialog(window, context)) {
+  mMarks.SetCalls(
+      {[this](int line) { Toggle(line); }, [this](int line, QPoint place) { Menu(line, place); }});
+  mEdit.viewport()->installEventFilter(this);
+}
+
+int TDebugLink::CursorLine() const {
+  int line = 0;
+  int column = 0;
+  mEdit.getCursorPosition(&line, &column);
+  return line;
+}
+
+std::optional<size_t> TDebugLink::ItemOf(int line) const {
+  if (line < 0) return std::nullopt;
+  const int32_t then = mMarks.Drift().Then(line);
+  if (then < 0) return std::nullopt;
+  const int32_t formatted = mDocument.FormattedSource().FormattedLine(then);
+  if (formatted < 0 || static_cast<size_t>(formatted) >= mModel.SrcLineCount()) return std::nullopt;
+  return static_cast<size_t>(formatted);
+}
+
+int TDebugLink::LineOf(size_t item) const {
+  const int32_t then = mDocument.FormattedSource().EditorLine(static_cast<int32_t>(item));
+  return mMarks.Drift().Now(then);
+}
+
+void TDebugLink::DebuggerReady() {
+  for (const TBreakMarks::TMark& mark : mMarks.All()) {
+    const std::optional<size_t> item = ItemOf(mark.line);
+    // A line that has its mark already is the first one, at which programs are to stop in any case.
+    if (item && !mModel.SrcLine(*item).breakPoint) mModel.SetBreakRule(*item, mark.rule);
+  }
+  const std::optional<size_t> runTo = ItemOf(std::exchange(mRunTo, -1));
+  if (runTo) mRunView.Debugger()->BreakPoints().SetRunTo(mModel.SrcLine(*runTo).line);
+}
+
+void TDebugLink::BreakPointChanged(size_t item) {
+  const int line = LineOf(item);
+  if (line < 0) return;
+  const TSrcCodeItem source = mModel.SrcLine(item);
+  if (source.breakPoint) {
+    mMarks.Set(line, source.rule);
+  } else {
+    mMarks.Remove(line);
+  }
+}
+
+void TDebugLink::ViewChanged() {
+  const bool stands = mModel.RunMode() == TDebugRunMode::Breaked;
+  const std::optional<size_t> item = stands ? mModel.FindSrcLine(mModel.CurLine()) : std::nullopt;
+  const int line = item ? LineOf(*item) : -1;
+  if (line != mMarks.StopLine()) mMarks.ShowStop(line);
+  const bool stood = std::exchange(mStands, stands);
+  if (stands == stood || !mModel.HasDebugger()) return;
+  mCalls.say(mContext.catalogue->GetString(stands ? "Stopped by the debugger" : "Running"));
+}
+
+void TDebugLink::Toggle(int line) {
+  const bool on = !mMarks.Has(line);
+  if (on) {
+    mMarks.Set(line, {});
+    HintOption();
+  } else {
+    mMarks.Remove(line);
+  }
+  const std::optional<size_t> item = ItemOf(line);
+  if (!item || !mModel.HasDebugger()) return;
+  if (mModel.SrcLine(*item).breakPoint != on) mModel.ToggleBreakPoint(*item);
+}
+
+void TDebugLink::AskRule(int line) {
+  const QString text = mEdit.text(line).trimmed();
+  mDialog->Ask(text, mMarks.RuleOf(line), [this, line, text](const TBreakRule& rule) {
+    // The text may have been edited meanwhile.
+    if (mEdit.text(line).trimmed() != text) return;
+    mMarks.Set(line, rule);
+    const std::optional<size_t> item = ItemOf(line);
+    if (item && mModel.HasDebugger()) mModel.SetBreakRule(*item, rule);
+  });
+}
+
+/// Who sets a breakpoint in vain is told why.
+void TDebugLink::HintOption() {
+  if (mContext.exitStates->UDbg.load()) return;
+  mCalls.say(mContext.catalogue->GetString("@Hint_Use_Debugger@"));
+}
+
+void TDebugLink::RunToCursor() {
+  if (!mModel.HasDebugger()) {
+    HintOption();
+    if (!mContext.exitStates->UDbg.load()) return;
+    mRunTo = CursorLine();
+    return mCalls.run();
+  }
+  const std::optional<size_t> item = ItemOf(CursorLine());
+  if (!item) return;
+  const int32_t line = mModel.SrcLine(*item).line;
+  if (!mModel.RunToCursor(line)) mRunView.Debugger()->BreakPoints().SetRunTo(line);
+}
+
+bool TDebugLink::MessageReceived(const TMessage& message) {
+  switch (message.what) {
+    case message_code(DEBUG_TOGGLE_BREAK_POINT):
+      Toggle(CursorLine());
+      return true;
+    case message_code(DEBUG_BREAK_RULE):
+      AskRule(CursorLine());
+      return true;
+    case message_code(DEBUG_RUN_TO_CURSOR):
+      RunToCursor();
+      return true;
+    case message_code(DEBUG_RUN_OR_GO_ON):
+      if (mModel.RunMode() != TDebugRunMode::Breaked) return false;
+      return mView.MessageReceived(message);
+    case message_code(DEBUG_PAUSE):
+    case message_code(DEBUG_STEP_OVER):
+    case message_code(DEBUG_STEP_IN):
+    case message_code(DEBUG_STEP_OUT):
+      return mView.MessageReceived(message);
+    default:
+      return false;
+  }
+}
+
+void TDebugLink::Menu(int line, QPoint place) {
+  auto* menu = new QMenu(mWindow);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  add_debug_command(menu, mContext, debug_break_commands()[0],
+                    [this, line](const char*) { Toggle(line); });
+  add_debug_command(menu, mContext, debug_break_commands()[1],
+                    [this, line](const char*) { AskRule(line); });
+  menu->popup(place);
+}
+
+bool TDebugLink::ShowValue(QPoint place, QPoint global) {
+  const long position = mEdit.SendScintilla(QsciScintilla::SCI_POSITIONFROMPOINTCLOSE,
+                                            static_cast<unsigned long>(place.x()), place.y());
+  if (position < 0) return false;
+  const auto at = static_cast<unsigned long>(position);
+  const long line = mEdit.SendScintilla(QsciScintilla::SCI_LINEFROMPOSITION, at);
+  const auto length = static_cast<size_t>(
+      mEdit.SendScintilla(QsciScintilla::SCI_LINELENGTH, static_cast<unsigned long>(line)));
+  std::string text(length, '\0');
+  mEdit.SendScintilla(QsciScintilla::SCI_GETLINE, static_cast<unsigned long>(line), text.data());
+  const long start =
+      mEdit.SendScintilla(QsciScintilla::SCI_POSITIONFROMLINE, static_cast<unsigned long>(line));
+  const QString value = hover_value(mModel, text, static_cast<size_t>(position - start));
+  if (value.isEmpty()) return false;
+  QToolTip::showText(global, value, &mEdit);
+  return true;
+}
+
+bool TDebugLink::eventFilter(QObject* object, QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const auto* help = static_cast<QHelpEvent*>(event);
+    if (ShowValue(help->pos(), help->globalPos())) return true;
+  }
+  return QObject::eventFilter(object, event);
+}
+
+}  // namespace zoka
