@@ -2,7 +2,9 @@
 #include "debugger/window/row_view.h"
 
 #include <QAccessible>
+#include <QClipboard>
 #include <QContextMenuEvent>
+#include <QGuiApplication>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -195,6 +197,10 @@ int64_t TRowView::MovedBy(int key) const {
 void TRowView::keyPressEvent(QKeyEvent* event) {
   if (mRows == 0) return QAbstractScrollArea::keyPressEvent(event);
   if (mCurrent != NO_ROW && RowKey(mCurrent, *event)) return event->accept();
+  if (mCurrent != NO_ROW && event->matches(QKeySequence::Copy)) {
+    QGuiApplication::clipboard()->setText(RowText(mCurrent));
+    return event->accept();
+  }
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
     if (mCurrent != NO_ROW) RowActivated(mCurrent);
     return event->accept();

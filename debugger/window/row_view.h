@@ -22,7 +22,7 @@ struct TRowColours {
 };
 TRowColours row_colours(const QPalette& palette);
 
-/// Window thread. Rows count from 0; NO_ROW is none.
+/// Window thread. Rows count from 0; NO_ROW is none. The copy key copies the selected row's text.
 class TRowView : public QAbstractScrollArea {
  public:
   static constexpr int64_t NO_ROW = -1;

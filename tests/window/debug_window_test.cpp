@@ -1,5 +1,6 @@
 // The debug window: stops and steps, breakpoints, call stack, variables, and all ways in which a
 // program can end while it is looked at.
+#include <QClipboard>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QToolButton>
@@ -475,6 +476,8 @@ TEST_F(TDebugWindowTest, EachControlHasANameAndTheKeyboard) {
   EXPECT_EQ(Source().accessibleDescription(), "30 GOTO 20");
   QTest::keyClick(&Source(), Qt::Key_Space);
   EXPECT_TRUE(Model().SrcLine(2).breakPoint);
+  QTest::keyClick(&Source(), Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), "30 GOTO 20");
   QTest::keyClick(&Source(), Qt::Key_Home);
   EXPECT_EQ(Source().CurrentRow(), 0);
   QTest::keyClick(&Source(), Qt::Key_End);
