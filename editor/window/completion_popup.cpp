@@ -1,6 +1,8 @@
 // Shows the words, and shares the editor's keys with it.
 #include "editor/window/completion_popup.h"
 
+#include <Qsci/qscilexer.h>
+
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <algorithm>
@@ -22,7 +24,7 @@ TCompletionPopup::TCompletionPopup(TEditTxtView& edit, const TListWatch& watch)
   setFocusPolicy(Qt::NoFocus);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setUniformItemSizes(true);
-  setFrameShape(QFrame::Box);
+  setFrameStyle(QFrame::Box | QFrame::Plain);
   hide();
   mEdit.installEventFilter(this);
   connect(&mEdit, &QsciScintillaBase::SCN_CHARADDED, this,
@@ -61,6 +63,7 @@ void TCompletionPopup::Update(bool asked) {
 
 void TCompletionPopup::Show(const TCompletion& completion) {
   clear();
+  setFont(mEdit.lexer()->font(0));
   for (const std::string& word : completion.words) addItem(QString::fromStdString(word));
   setCurrentRow(0);
   mMoved = false;

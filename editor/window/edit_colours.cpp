@@ -22,7 +22,7 @@ const TEditColours LIGHT{{0xFF1A1A1A, 0xFF5F5F5F, 0xFF003EAA, 0xFF7A1F8C, 0xFF00
                          0xFF5F5F5F,
                          0xFF1A5FB4,
                          0xFFFFFFFF,
-                         0xFFCFE0F5,
+                         0xFF9CC2F0,
                          0xFFC8102E};
 
 const TEditColours DARK{{0xFFE4E4E4, 0xFFA0A4AA, 0xFF82B4FF, 0xFFD6A4F0, 0xFF7AD8D0, 0xFFF2A980,
@@ -35,7 +35,7 @@ const TEditColours DARK{{0xFFE4E4E4, 0xFFA0A4AA, 0xFF82B4FF, 0xFFD6A4F0, 0xFF7AD
                         0xFFA0A4AA,
                         0xFF3369C8,
                         0xFFFFFFFF,
-                        0xFF2C374D,
+                        0xFF4A6394,
                         0xFFFF6B6B};
 
 const TEditColours CONTRAST{{0xFFFFFFFF, 0xFFD8D8D8, 0xFF7FCBFF, 0xFFFFA8FF, 0xFF7FFFFF, 0xFFFFC878,
@@ -48,7 +48,7 @@ const TEditColours CONTRAST{{0xFFFFFFFF, 0xFFD8D8D8, 0xFF7FCBFF, 0xFFFFA8FF, 0xF
                             0xFFFFFFFF,
                             0xFFFFFF00,
                             0xFF000000,
-                            0xFF28286A,
+                            0xFF4444B8,
                             0xFFFF7070};
 
 /// Relative luminance.

@@ -25,7 +25,7 @@ struct TEditColours {
   QColor marginText;
   QColor selection;
   QColor selectedText;
-  QColor brace;      // behind matching parentheses
+  QColor brace;      // behind matching parentheses, which are plain text there
   QColor undefined;  // underlines jumps that lead nowhere
 };
 

@@ -6,6 +6,7 @@
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QRgb>
 #include <algorithm>
 #include <set>
 
@@ -86,10 +87,14 @@ bool is_moving_key(int key) {
 }
 
 bool has_foreign_files(const QDropEvent& event) {
-  return event.source() == nullptr && event.mimeData()->hasUrls();
+  return is_foreign_drop(event.source(), *event.mimeData());
 }
 
 }  // namespace
+
+bool is_foreign_drop(const QObject* source, const QMimeData& data) {
+  return source == nullptr && data.hasUrls();
+}
 
 TEditTxtView::TEditTxtView(QWidget* parent) : QsciScintilla(parent), mLexer(new TListLexer(this)) {
   setObjectName("EditTxtView");
@@ -110,6 +115,7 @@ TEditTxtView::TEditTxtView(QWidget* parent) : QsciScintilla(parent), mLexer(new 
     MarkFault(-1);
     if (mCalls.edited) mCalls.edited();
   });
+  connect(this, &QsciScintilla::cursorPositionChanged, this, [this] { ColourCaretLine(); });
   connect(this, &QsciScintilla::linesChanged, this, [this] { FitNumberMargin(); });
   connect(this, &QsciScintillaBase::SCN_ZOOM, this, [this] { FitNumberMargin(); });
 }
@@ -149,7 +155,7 @@ void TEditTxtView::ApplyColours() {
   SendScintilla(SCI_STYLESETBACK, STYLE_DEFAULT, colours.paper);
   SendScintilla(SCI_STYLESETFORE, STYLE_DEFAULT, colours.text[0]);
   setCaretForegroundColor(colours.text[0]);
-  setCaretLineBackgroundColor(colours.currentLine);
+  ColourCaretLine();
   setSelectionBackgroundColor(colours.selection);
   setSelectionForegroundColor(colours.selectedText);
   setMarginsBackgroundColor(colours.margin);
@@ -160,6 +166,18 @@ void TEditTxtView::ApplyColours() {
   setMatchedBraceBackgroundColor(colours.brace);
   setMatchedBraceForegroundColor(colours.text[0]);
   setIndicatorForegroundColor(colours.undefined, UNDEFINED_INDICATOR);
+}
+
+void TEditTxtView::ColourCaretLine() {
+  int line = 0;
+  int column = 0;
+  getCursorPosition(&line, &column);
+  const TEditColours& colours = edit_colours(edit_theme(palette()));
+  const QColor& wanted = FaultLine() == line ? colours.fault : colours.currentLine;
+  // Setting a colour lays the whole text out anew; this is asked at each key.
+  const QColor swapped(wanted.blue(), wanted.green(), wanted.red());
+  const auto present = static_cast<QRgb>(SendScintilla(SCI_GETCARETLINEBACK));
+  if ((swapped.rgb() & RGB_MASK) != (present & RGB_MASK)) setCaretLineBackgroundColor(wanted);
 }
 
 void TEditTxtView::SetFontFamilyAndSize(const std::string& family, float points) {
@@ -225,11 +243,13 @@ void TEditTxtView::GoToOffset(size_t offset) {
 void TEditTxtView::MarkFault(int line) {
   markerDeleteAll(FAULT_MARK);
   markerDeleteAll(FAULT_LINE_MARK);
-  if (line < 0) return;
-  markerAdd(line, FAULT_MARK);
-  markerAdd(line, FAULT_LINE_MARK);
-  GoToOffset(
-      static_cast<size_t>(SendScintilla(SCI_POSITIONFROMLINE, static_cast<unsigned long>(line))));
+  if (line >= 0) {
+    markerAdd(line, FAULT_MARK);
+    markerAdd(line, FAULT_LINE_MARK);
+    GoToOffset(
+        static_cast<size_t>(SendScintilla(SCI_POSITIONFROMLINE, static_cast<unsigned long>(line))));
+  }
+  ColourCaretLine();
 }
 
 int TEditTxtView::FaultLine() const {

@@ -16,6 +16,9 @@ namespace zoka {
 /// The indicator under jumps that lead nowhere.
 constexpr int UNDEFINED_INDICATOR = 8;
 
+/// True for files that were dragged from another application: `source` is null then.
+bool is_foreign_drop(const QObject* source, const QMimeData& data);
+
 /// What the editor tells; all are set before it is used.
 struct TEditCalls {
   /// The user, or an insertion, has changed the text.
@@ -59,6 +62,8 @@ class TEditTxtView final : public QsciScintilla, public TEditText {
   void SetKeys();
   void SetMarks();
   void ApplyColours();
+  /// The line of the cursor is lit up, or has the colour of a fault if it is marked as one.
+  void ColourCaretLine();
   /// As many digits as the last line has, in the present size of the font.
   void FitNumberMargin();
 

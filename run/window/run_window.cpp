@@ -171,7 +171,7 @@ void TRunWindow::UpdateMBarVisibility() {
 
 void TRunWindow::ToggleFullScreen() {
   const bool wanted = !isFullScreen();
-  if (wanted) mNormalPlace = pos();
+  if (wanted) mNormalPlace = geometry().topLeft();
   layout()->setSizeConstraint(wanted ? QLayout::SetDefaultConstraint : QLayout::SetFixedSize);
   if (wanted) {
     setMinimumSize(0, 0);
@@ -183,7 +183,8 @@ void TRunWindow::ToggleFullScreen() {
     showFullScreen();
   } else {
     showNormal();
-    move(mNormalPlace);
+    // The frame, which is not there yet, comes round this place.
+    setGeometry(QRect(mNormalPlace, sizeHint()));
   }
 }
 

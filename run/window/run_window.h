@@ -77,7 +77,7 @@ class TRunWindow final : public TBasicWindow {
   TRunWidget* mWidget;
   QAction* mMenuBarItem;
   QAction* mFullScreenItem;
-  QPoint mNormalPlace;  // where the window was before it filled the screen
+  QPoint mNormalPlace;  // of what is inside its frame, before the window filled the screen
   std::array<QMenu*, LAMP_COUNT> mDrvMenu{};
   std::array<std::string, LAMP_COUNT> mDrvName;
   std::array<int32_t, LAMP_COUNT> mLampCount{};

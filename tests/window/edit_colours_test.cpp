@@ -33,8 +33,7 @@ TEST(ContrastRatio, IsThatOfTheGuidelines) {
 
 TEST_P(TEditColoursTest, TextStandsOutFromEveryPaper) {
   for (const QColor& text : mColours.text) {
-    for (const QColor& paper :
-         {mColours.paper, mColours.currentLine, mColours.fault, mColours.brace}) {
+    for (const QColor& paper : {mColours.paper, mColours.currentLine, mColours.fault}) {
       EXPECT_GE(contrast_ratio(text, paper), TEXT_CONTRAST)
           << text.name().toStdString() << " on " << paper.name().toStdString();
     }
@@ -46,6 +45,11 @@ TEST_P(TEditColoursTest, TextStandsOutFromEveryPaper) {
 TEST_P(TEditColoursTest, MarginAndSelectionCanBeRead) {
   EXPECT_GE(contrast_ratio(mColours.marginText, mColours.margin), mText);
   EXPECT_GE(contrast_ratio(mColours.selectedText, mColours.selection), mText);
+}
+
+TEST_P(TEditColoursTest, MatchingParenthesesAreSeenAndRead) {
+  EXPECT_GE(contrast_ratio(mColours.text[0], mColours.brace), TEXT_CONTRAST);
+  EXPECT_GE(contrast_ratio(mColours.brace, mColours.currentLine), 1.5);
 }
 
 TEST_P(TEditColoursTest, MarksStandOut) {

@@ -94,6 +94,19 @@ TEST_F(TRunPictureTest, AFillingPictureStandsInTheMiddleOfBlack) {
   }
 }
 
+TEST_F(TRunPictureTest, AWindowThatFilledTheScreenComesBackToItsPlace) {
+  TRunWindow& window = mApp->RunWindow();
+  window.move(40, 50);
+  ASSERT_TRUE(Until([&] { return window.pos() == QPoint(40, 50); }));
+  const QRect before = window.geometry();
+  for (int i = 0; i < 3; ++i) {
+    window.ToggleFullScreen();
+    ASSERT_TRUE(Until([&] { return window.isFullScreen() && window.geometry() != before; }));
+    window.ToggleFullScreen();
+    EXPECT_TRUE(Until([&] { return !window.isFullScreen() && window.geometry() == before; }));
+  }
+}
+
 TEST_F(TRunPictureTest, AnotherScreenGivesTheWidgetItsSizeAnew) {
   Widget().setFixedSize(100, 100);
   QEvent event(QEvent::ScreenChangeInternal);
