@@ -176,7 +176,10 @@ void TRunWindow::UpdateMBarVisibility() {
 
 void TRunWindow::ToggleFullScreen() {
   const bool wanted = !isFullScreen();
-  if (wanted) mNormalPlace = geometry().topLeft();
+  if (wanted) {
+    mNormalPlace = geometry().topLeft();
+    mNormalFrame = Frame();
+  }
   layout()->setSizeConstraint(wanted ? QLayout::SetDefaultConstraint : QLayout::SetFixedSize);
   if (wanted) {
     setMinimumSize(0, 0);
@@ -215,7 +218,7 @@ void TRunWindow::showEvent(QShowEvent* event) {
 }
 
 void TRunWindow::Quit() {
-  Engine().exitStates->RWFr = Frame();
+  Engine().exitStates->RWFr = isFullScreen() ? mNormalFrame : Frame();
   if (mSpecifyPanel) {
     Engine().exitStates->RWPF =
         QFile::encodeName(mSpecifyPanel->directory().absolutePath()).toStdString();
