@@ -89,6 +89,17 @@ const TKeywordHelp* find_keyword_help(std::string_view word) {
   return found != entries.end() && found->word == wanted ? &*found : nullptr;
 }
 
+std::vector<std::string_view> syntax_forms(std::string_view syntax) {
+  constexpr std::string_view GAP = "   ";
+  std::vector<std::string_view> forms;
+  for (;;) {
+    const size_t end = syntax.find(GAP);
+    forms.push_back(syntax.substr(0, end));
+    if (end == std::string_view::npos) return forms;
+    syntax.remove_prefix(end + GAP.size());
+  }
+}
+
 std::string_view first_sentence(std::string_view text) {
   constexpr std::string_view FULL_STOP = "。";
   const size_t latin = text.find(". ");

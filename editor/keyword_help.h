@@ -33,6 +33,9 @@ const std::vector<TKeywordHelp>& keyword_help_entries();
 /// The help on a word, whatever its case; null for a word that is none of the language's.
 const TKeywordHelp* find_keyword_help(std::string_view word);
 
+/// The forms of a syntax: three blanks stand between them.
+std::vector<std::string_view> syntax_forms(std::string_view syntax);
+
 /// The first sentence of a text.
 std::string_view first_sentence(std::string_view text);
 

@@ -9,12 +9,9 @@
 namespace zoka {
 namespace {
 
-constexpr int32_t KEY_EVENT_BASE = 0x40;
+/// Numbers up to these count on from TRAP_KEY and TRAP_MOUSE.
 constexpr int32_t LAST_KEY_EVENT = 0xFFFF;
-constexpr int32_t MOUSE_EVENT_BASE = 0x200000;
 constexpr int32_t LAST_MOUSE_EVENT = 0x3FFFFF;
-constexpr int32_t KEY_SLOTS = 10;
-constexpr int32_t MOUSE_EVENTS = 5;
 
 /// Bits 3 to 15, 18, and 21 to 25: the events that a program may switch.
 constexpr uint32_t TRAP_BITS = 0x03E4FFF8;
@@ -27,10 +24,10 @@ uint32_t shifted_mask(int32_t base, int32_t shift) {
 /// anything else is a mask already. 0 if it is no single event.
 uint32_t event_mask(int32_t event) {
   auto mask = static_cast<uint32_t>(event);
-  if (event > KEY_EVENT_BASE && event <= LAST_KEY_EVENT) {
-    mask = shifted_mask(KEY_EVENT_BASE, event - KEY_EVENT_BASE - 1);
-  } else if (event > MOUSE_EVENT_BASE && event <= LAST_MOUSE_EVENT) {
-    mask = shifted_mask(MOUSE_EVENT_BASE, event - MOUSE_EVENT_BASE - 1);
+  if (event > TRAP_KEY && event <= LAST_KEY_EVENT) {
+    mask = shifted_mask(TRAP_KEY, event - TRAP_KEY - 1);
+  } else if (event > TRAP_MOUSE && event <= LAST_MOUSE_EVENT) {
+    mask = shifted_mask(TRAP_MOUSE, event - TRAP_MOUSE - 1);
   }
   return std::has_single_bit(mask) && (mask & TRAP_BITS) != 0 ? mask : 0;
 }
@@ -51,14 +48,14 @@ void pop_target(TVMachine& m, int slot) {
 
 void set_key_targets(TVMachine& m) {
   const int first = num_shifts(IR_KEY_1);
-  for (int slot = first + KEY_SLOTS - 1; slot >= first; --slot) pop_target(m, slot);
+  for (int slot = first + TRAP_KEY_COUNT - 1; slot >= first; --slot) pop_target(m, slot);
 }
 
 void set_mouse_target(TVMachine& m) {
   TStackData target = m.Pop();
   const TOwnedData owned(target);
   const int32_t number = m.PopInt();
-  if (number < 1 || number > MOUSE_EVENTS) throw m.RuntimeException2(ERR_ILL_FUNC_CALL);
+  if (number < 1 || number > TRAP_MOUSE_COUNT) throw m.RuntimeException2(ERR_ILL_FUNC_CALL);
   m.mStack.Push(target.Share());
   pop_target(m, num_shifts(IR_MOUSE_MOVED) + number - 1);
 }

@@ -95,12 +95,14 @@ class TBench : private QObject {
     const size_t wanted = first.find("wanted ");
     mApplication.log.Begin();
     const double begin = seconds_of(CLOCK_MONOTONIC);
+    const double others = process_seconds() - seconds_of(CLOCK_THREAD_CPUTIME_ID);
     Run(path.string());
     RunUntil([this] { return mApp.MainWindow().Document().State() == TDocumentState::Idle; });
     const double seconds = seconds_of(CLOCK_MONOTONIC) - begin;
+    const double work = process_seconds() - seconds_of(CLOCK_THREAD_CPUTIME_ID) - others;
     const TWindowLog& log = mApplication.log;
     std::printf("%-12s %11.0f %8.2f %8.2f %9.1f %8.1f   %s\n", path.stem().c_str(),
-                Checked() / seconds, log.longestCpu * MILLISECONDS, log.longestWall * MILLISECONDS,
+                Checked() / work, log.longestCpu * MILLISECONDS, log.longestWall * MILLISECONDS,
                 log.pictures / seconds, log.longestGap * MILLISECONDS,
                 wanted == std::string::npos ? "" : first.substr(wanted).c_str());
   }
@@ -205,8 +207,8 @@ int main(int argc, char** argv) {
   std::sort(programs.begin(), programs.end());
   for (const auto& path : programs) bench.Measure(path);
   std::printf(
-      "(work, wall: longest time in one go on the window's thread; pictures a second, and the\n"
-      " longest time between two)\n\n");
+      "(a second of processor time beside the window's thread; work, wall: longest time in one go\n"
+      " on that thread; pictures a second, and the longest time between two)\n\n");
   bench.MeasureKeys();
   bench.MeasureIdle();
   return 0;

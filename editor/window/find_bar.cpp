@@ -1,4 +1,4 @@
-// Searching by the component's own search, whose offsets are bytes.
+// The bar's fields, and what its buttons do to the list.
 #include "editor/window/find_bar.h"
 
 #include <QGridLayout>
@@ -11,7 +11,10 @@ namespace {
 
 using S = QsciScintillaBase;
 
-unsigned long place(long position) {
+/// After the last key, so that counting does not get in the way of typing.
+constexpr int COUNT_DELAY_MS = 200;
+
+unsigned long place(int64_t position) {
   return static_cast<unsigned long>(position);
 }
 
@@ -54,6 +57,12 @@ TFindBar::TFindBar(QWidget* parent, const TEngineContext& context, TEditTxtView&
   for (QCheckBox* box : {mCase, mWord, mRegex}) {
     connect(box, &QCheckBox::toggled, this, [this] { ShowCount(); });
   }
+  mCountTimer.setSingleShot(true);
+  mCountTimer.setInterval(COUNT_DELAY_MS);
+  connect(&mCountTimer, &QTimer::timeout, this, [this] { ShowCount(); });
+  connect(&mEdit, &QsciScintilla::textChanged, this, [this] {
+    if (isVisible()) mCountTimer.start();
+  });
   SetLabels();
   hide();
 }
@@ -84,98 +93,77 @@ void TFindBar::Appear() {
   ShowCount();
 }
 
-int TFindBar::SearchFlags() const {
-  int flags = 0;
-  if (mCase->isChecked()) flags |= S::SCFIND_MATCHCASE;
-  if (mWord->isChecked()) flags |= S::SCFIND_WHOLEWORD;
-  if (mRegex->isChecked()) flags |= S::SCFIND_REGEXP | S::SCFIND_CXX11REGEX;
-  return flags;
-}
-
-bool TFindBar::Search(long from, long to, long* begin, long* end) const {
-  const std::string wanted = mFind->text().toStdString();
-  if (wanted.empty()) return false;
-  mEdit.SendScintilla(S::SCI_SETSEARCHFLAGS, SearchFlags());
-  mEdit.SendScintilla(S::SCI_SETTARGETRANGE, place(from), to);
-  if (mEdit.SendScintilla(S::SCI_SEARCHINTARGET, place(static_cast<long>(wanted.size())),
-                          wanted.c_str()) < 0) {
-    return false;
-  }
-  *begin = mEdit.SendScintilla(S::SCI_GETTARGETSTART);
-  *end = mEdit.SendScintilla(S::SCI_GETTARGETEND);
-  return true;
+std::vector<TFound> TFindBar::All() const {
+  const TSearchWish wish{mFind->text(), mCase->isChecked(), mWord->isChecked(),
+                         mRegex->isChecked()};
+  return TTextSearch(wish).All(mEdit.Get(), mReplace->text());
 }
 
 bool TFindBar::Find(bool forward) {
-  const long length = mEdit.SendScintilla(S::SCI_GETLENGTH);
-  const long from =
-      mEdit.SendScintilla(forward ? S::SCI_GETSELECTIONEND : S::SCI_GETSELECTIONSTART);
-  long begin = 0;
-  long end = 0;
-  const bool found = forward ? Search(from, length, &begin, &end) || Search(0, from, &begin, &end)
-                             : Search(from, 0, &begin, &end) || Search(length, from, &begin, &end);
-  if (found) {
-    mEdit.SendScintilla(S::SCI_SETSEL, place(begin), end);
-    mEdit.SendScintilla(S::SCI_VERTICALCENTRECARET);
+  const std::vector<TFound> all = All();
+  mCountTimer.stop();
+  ShowNumber(all.size());
+  if (all.empty()) return false;
+  const long begin = mEdit.SendScintilla(S::SCI_GETSELECTIONSTART);
+  const long end = mEdit.SendScintilla(S::SCI_GETSELECTIONEND);
+  const TFound* next = forward ? &all.front() : &all.back();
+  for (const TFound& found : all) {
+    // An empty occurrence at the cursor is where the search comes from.
+    const bool ahead = found.begin >= end && (found.begin < found.end || found.begin > end);
+    const bool behind = found.end <= begin && (found.begin < found.end || found.end < begin);
+    if (forward && ahead) {
+      next = &found;
+      break;
+    }
+    if (!forward && behind) next = &found;
   }
-  ShowCount();
-  return found;
+  mEdit.SendScintilla(S::SCI_SETSEL, place(next->begin), static_cast<long>(next->end));
+  mEdit.SendScintilla(S::SCI_VERTICALCENTRECARET);
+  return true;
 }
 
-void TFindBar::ReplaceTarget(long begin, long end, long* newEnd) {
-  const std::string with = mReplace->text().toStdString();
-  mEdit.SendScintilla(S::SCI_SETTARGETRANGE, place(begin), end);
-  const long length =
-      mEdit.SendScintilla(mRegex->isChecked() ? S::SCI_REPLACETARGETRE : S::SCI_REPLACETARGET,
-                          place(static_cast<long>(with.size())), with.c_str());
-  *newEnd = begin + length;
+void TFindBar::Replace(int64_t begin, int64_t end, const std::string& with) {
+  mEdit.SendScintilla(S::SCI_SETTARGETRANGE, place(begin), static_cast<long>(end));
+  mEdit.SendScintilla(S::SCI_REPLACETARGET, static_cast<unsigned long>(with.size()), with.data());
 }
 
 void TFindBar::ReplaceOne() {
-  const long selBegin = mEdit.SendScintilla(S::SCI_GETSELECTIONSTART);
-  const long selEnd = mEdit.SendScintilla(S::SCI_GETSELECTIONEND);
-  long begin = 0;
-  long end = 0;
-  if (Search(selBegin, selEnd, &begin, &end) && begin == selBegin && end == selEnd && begin < end) {
-    long newEnd = 0;
-    ReplaceTarget(begin, end, &newEnd);
-    mEdit.SendScintilla(S::SCI_SETSEL, place(newEnd), newEnd);
+  const long begin = mEdit.SendScintilla(S::SCI_GETSELECTIONSTART);
+  const long end = mEdit.SendScintilla(S::SCI_GETSELECTIONEND);
+  for (const TFound& found : All()) {
+    if (found.begin != begin || found.end != end || begin == end) continue;
+    Replace(begin, end, found.with);
+    const auto behind = begin + static_cast<long>(found.with.size());
+    mEdit.SendScintilla(S::SCI_SETSEL, place(behind), behind);
+    break;
   }
   FindNext();
 }
 
 int TFindBar::ReplaceAll() {
-  int count = 0;
-  long at = 0;
-  long begin = 0;
-  long end = 0;
-  mEdit.beginUndoAction();
-  while (Search(at, mEdit.SendScintilla(S::SCI_GETLENGTH), &begin, &end)) {
-    ReplaceTarget(begin, end, &at);
-    ++count;
-    // An empty occurrence would be found for ever.
-    if (begin == end) at = mEdit.SendScintilla(S::SCI_POSITIONAFTER, place(at));
-    if (at >= mEdit.SendScintilla(S::SCI_GETLENGTH)) break;
+  const std::vector<TFound> all = All();
+  if (!all.empty()) {
+    // At once: the component's own work for each change grows with the text.
+    mEdit.beginUndoAction();
+    Replace(all.front().begin, all.back().end, replaced_range(mEdit.Get(), all));
+    mEdit.endUndoAction();
   }
-  mEdit.endUndoAction();
   ShowCount();
-  return count;
+  return static_cast<int>(all.size());
 }
 
 int TFindBar::Count() const {
-  int count = 0;
-  long begin = 0;
-  long end = 0;
-  const long length = mEdit.SendScintilla(S::SCI_GETLENGTH);
-  for (long at = 0; at < length && Search(at, length, &begin, &end); ++count) {
-    at = begin < end ? end : mEdit.SendScintilla(S::SCI_POSITIONAFTER, place(end));
-  }
-  return count;
+  return static_cast<int>(All().size());
+}
+
+void TFindBar::ShowNumber(size_t number) {
+  mCount->setText(QString::fromStdString(replace_placeholder(
+      mContext.catalogue->GetString("Found: %Num%"), "%Num%", std::to_string(number))));
 }
 
 void TFindBar::ShowCount() {
-  mCount->setText(QString::fromStdString(replace_placeholder(
-      mContext.catalogue->GetString("Found: %Num%"), "%Num%", std::to_string(Count()))));
+  mCountTimer.stop();
+  ShowNumber(static_cast<size_t>(Count()));
 }
 
 void TFindBar::keyPressEvent(QKeyEvent* event) {

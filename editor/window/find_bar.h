@@ -5,10 +5,13 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTimer>
 #include <QWidget>
+#include <vector>
 
 #include "common/context.h"
 #include "editor/window/edit_txt_view.h"
+#include "editor/window/text_search.h"
 
 namespace zoka {
 
@@ -43,10 +46,10 @@ class TFindBar final : public QWidget {
 
  private:
   bool Find(bool forward);
-  int SearchFlags() const;
-  /// The first occurrence between two offsets, backwards if they are; false if there is none.
-  bool Search(long from, long to, long* begin, long* end) const;
-  void ReplaceTarget(long begin, long end, long* newEnd);
+  /// All occurrences in the list as it is.
+  std::vector<TFound> All() const;
+  void Replace(int64_t begin, int64_t end, const std::string& with);
+  void ShowNumber(size_t number);
   void ShowCount();
 
   const TEngineContext& mContext;
@@ -62,6 +65,7 @@ class TFindBar final : public QWidget {
   QPushButton* mReplaceAll;
   QPushButton* mClose;
   QLabel* mCount;
+  QTimer mCountTimer;  // from a change of the list to the count
 };
 
 }  // namespace zoka

@@ -11,17 +11,15 @@ namespace {
 
 using S = QsciScintillaBase;
 
-/// Bytes of a line that a tip shows.
-constexpr size_t MAX_TIP_BYTES = 200;
+/// Characters of a line that a tip shows.
+constexpr qsizetype MAX_TIP_LENGTH = 120;
 
-QString escaped(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).toHtmlEscaped();
-}
-
-/// A syntax, and below it a sentence; rich text, which is wrapped.
-QString tip(std::string_view heading, std::string_view text) {
-  return "<p style='margin:0'><b>" + escaped(heading) + "</b></p><p style='margin:0'>" +
-         escaped(text) + "</p>";
+/// A line of a tip, which is not broken.
+QString tip_line(std::string_view text, bool isHeading = false) {
+  const QString line = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+  const QString escaped = line.left(MAX_TIP_LENGTH).toHtmlEscaped();
+  return "<p style='white-space:pre;margin:0'>" + (isHeading ? "<b>" + escaped + "</b>" : escaped) +
+         "</p>";
 }
 
 }  // namespace
@@ -43,8 +41,8 @@ THoverHelp::THoverHelp(TEditTxtView& edit, const TListWatch& watch, const TDefin
 
 QString THoverHelp::TargetText(const TPlaceName& target) const {
   const int64_t line = mWatch.Index().DefinitionOf(target);
-  if (line >= 0) return "<p>" + escaped(mWatch.Line(line).substr(0, MAX_TIP_BYTES)) + "</p>";
-  return target.live ? "<p>" + escaped(undefined_text(mContext, target)) + "</p>" : QString();
+  if (line >= 0) return tip_line(mWatch.Line(line));
+  return target.live ? tip_line(undefined_text(mContext, target)) : QString();
 }
 
 QString THoverHelp::TextAt(const TListPlace& place) const {
@@ -52,7 +50,9 @@ QString THoverHelp::TextAt(const TListPlace& place) const {
   const TKeywordHelp* const help =
       find_keyword_help(keyword_at(mWatch.Line(place.line), static_cast<size_t>(place.column)));
   if (help == nullptr) return {};
-  return tip(help->syntax, first_sentence(help->Text(mContext.catalogue->Language())));
+  QString text;
+  for (std::string_view form : syntax_forms(help->syntax)) text += tip_line(form, true);
+  return text + tip_line(first_sentence(help->Text(mContext.catalogue->Language())));
 }
 
 bool THoverHelp::eventFilter(QObject* object, QEvent* event) {

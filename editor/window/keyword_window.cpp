@@ -15,9 +15,6 @@ constexpr int WIDTH = 660;
 constexpr int HEIGHT = 360;
 constexpr int LIST_WIDTH = 150;
 
-/// Between the forms of a syntax.
-constexpr const char FORM_GAP[] = "   ";
-
 QString text_of(const std::string& text) {
   return QString::fromStdString(text);
 }
@@ -85,9 +82,9 @@ void TKeywordWindow::ShowWord() {
       item != nullptr ? find_keyword_help(item->text().toStdString()) : nullptr;
   if (help == nullptr) return mPage->clear();
   QString page = "<h3>" + text_of(help->word).toHtmlEscaped() + "</h3>";
-  for (const QString& form : text_of(help->syntax).split(FORM_GAP)) {
-    page +=
-        "<p style='margin-top:2px;margin-bottom:2px'><code>" + form.toHtmlEscaped() + "</code></p>";
+  for (std::string_view form : syntax_forms(help->syntax)) {
+    page += "<p style='margin-top:2px;margin-bottom:2px'><code>" +
+            text_of(std::string(form)).toHtmlEscaped() + "</code></p>";
   }
   page += "<p>" + text_of(help->Text(mContext.catalogue->Language())).toHtmlEscaped() + "</p>";
   mPage->setHtml(page);

@@ -45,6 +45,11 @@ TRunWindow::TRunWindow(TWindowContext& context, const TSettingsPlace* place)
        {}});
   LoadMRUF();
   CreateMenu();
+  // The window has its size before it is shown: a change of size in between would let it forget
+  // that its place is that of its frame.
+  UpdateMBarVisibility();
+  layout()->activate();
+  adjustSize();
   MoveToFrame(Engine().exitStates->RWFr);
   mRunView.AttachedToWindow();
 }
@@ -180,7 +185,10 @@ void TRunWindow::UpdateMBarVisibility() {
 
 void TRunWindow::ToggleFullScreen() {
   const bool wanted = !isFullScreen();
-  if (wanted) mNormalPlace = pos();
+  if (wanted) {
+    mNormalPlace = geometry().topLeft();
+    mNormalFrame = Frame();
+  }
   layout()->setSizeConstraint(wanted ? QLayout::SetDefaultConstraint : QLayout::SetFixedSize);
   if (wanted) {
     setMinimumSize(0, 0);
@@ -192,7 +200,8 @@ void TRunWindow::ToggleFullScreen() {
     showFullScreen();
   } else {
     showNormal();
-    move(mNormalPlace);
+    // The frame, which is not there yet, comes round this place.
+    setGeometry(QRect(mNormalPlace, sizeHint()));
   }
 }
 
@@ -218,7 +227,7 @@ void TRunWindow::showEvent(QShowEvent* event) {
 }
 
 void TRunWindow::Quit() {
-  Engine().exitStates->RWFr = Frame();
+  Engine().exitStates->RWFr = isFullScreen() ? mNormalFrame : Frame();
   if (mSpecifyPanel) {
     Engine().exitStates->RWPF =
         QFile::encodeName(mSpecifyPanel->directory().absolutePath()).toStdString();

@@ -78,7 +78,9 @@ class TRunWindow final : public TBasicWindow {
   TRunWidget* mWidget;
   QAction* mMenuBarItem;
   QAction* mFullScreenItem;
-  QPoint mNormalPlace;  // where the window was before it filled the screen
+  // Before the window filled the screen: the place of what is inside its frame, and all of it.
+  QPoint mNormalPlace;
+  TFrame mNormalFrame;
   std::array<QMenu*, LAMP_COUNT> mDrvMenu{};
   std::array<std::string, LAMP_COUNT> mDrvName;
   std::array<int32_t, LAMP_COUNT> mLampCount{};

@@ -183,6 +183,33 @@ TEST_F(TEditBasicsTest, ReplaceOneAndByRegularExpression) {
   EXPECT_TRUE(Document().IsModified());
 }
 
+TEST_F(TEditBasicsTest, TheCountFollowsTheList) {
+  Edit().Set("10 A\n");
+  Bar().FindText()->setText("A");
+  Bar().Appear();
+  const auto shows = [&](const char* text) {
+    for (const QLabel* label : Bar().findChildren<QLabel*>()) {
+      if (label->text() == text) return true;
+    }
+    return false;
+  };
+  EXPECT_TRUE(shows("Found: 1"));
+  Edit().Append("20 A:A\n");
+  ASSERT_TRUE(Until([&] { return shows("Found: 3"); }));
+}
+
+TEST_F(TEditBasicsTest, ReplaceAllInALongListIsOneStep) {
+  std::string text;
+  for (int i = 0; i < 20'000; ++i) text += "10 COUNT=COUNT+1:PRINT COUNT\n";
+  Edit().Set(text);
+  Bar().FindText()->setText("COUNT");
+  Bar().ReplaceText()->setText("C");
+  EXPECT_EQ(Bar().ReplaceAll(), 60'000);
+  EXPECT_TRUE(Edit().Get().starts_with("10 C=C+1:PRINT C\n10 C=C+1"));
+  Edit().undo();
+  EXPECT_EQ(Edit().Get(), text);
+}
+
 TEST_F(TEditBasicsTest, ZoomByKeysAndWheel) {
   const int margin = Edit().marginWidth(0);
   QTest::keyClick(&Window(), Qt::Key_Plus, Qt::ControlModifier);

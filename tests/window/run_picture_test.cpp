@@ -7,6 +7,7 @@
 #include <QSignalSpy>
 #include <mutex>
 
+#include "app/settings/exit_states.h"
 #include "tests/window/window_rig.h"
 
 namespace zoka {
@@ -92,6 +93,30 @@ TEST_F(TRunPictureTest, AFillingPictureStandsInTheMiddleOfBlack) {
               (TPoint{639, 3}));
     EXPECT_EQ(Widget().PointAt(QPointF((left - 1) / ratio, top / ratio)), (TPoint{-1, 0}));
   }
+}
+
+TEST_F(TRunPictureTest, AWindowThatFilledTheScreenComesBackToItsPlace) {
+  TRunWindow& window = mApp->RunWindow();
+  window.move(40, 50);
+  ASSERT_TRUE(Until([&] { return window.pos() == QPoint(40, 50); }));
+  const QRect before = window.geometry();
+  for (int i = 0; i < 3; ++i) {
+    window.ToggleFullScreen();
+    ASSERT_TRUE(Until([&] { return window.isFullScreen() && window.geometry() != before; }));
+    window.ToggleFullScreen();
+    EXPECT_TRUE(Until([&] { return !window.isFullScreen() && window.geometry() == before; }));
+  }
+}
+
+TEST_F(TRunPictureTest, QuittingWithTheScreenFilledKeepsThePlaceFromBefore) {
+  TRunWindow& window = mApp->RunWindow();
+  window.move(40, 50);
+  ASSERT_TRUE(Until([&] { return window.pos() == QPoint(40, 50); }));
+  const TFrame frame = window.Frame();
+  window.ToggleFullScreen();
+  ASSERT_TRUE(Until([&] { return window.isFullScreen() && window.pos() == QPoint(0, 0); }));
+  window.Quit();
+  EXPECT_EQ(mEngine->Context().exitStates->RWFr, frame);
 }
 
 TEST_F(TRunPictureTest, AnotherScreenGivesTheWidgetItsSizeAnew) {

@@ -76,6 +76,13 @@ TEST(KeywordHelp, ReadsEntries) {
   EXPECT_TRUE(parse_keyword_help("\tx\n\ty").empty());
 }
 
+TEST(SyntaxForms, StandApartByThreeBlanks) {
+  using TForms = std::vector<std::string_view>;
+  EXPECT_EQ(syntax_forms("RUN [line]   RUN \"file\""), (TForms{"RUN [line]", "RUN \"file\""}));
+  EXPECT_EQ(syntax_forms("A  B"), TForms{"A  B"});
+  EXPECT_EQ(syntax_forms(""), TForms{""});
+}
+
 TEST(FirstSentence, EndsAtAFullStop) {
   EXPECT_EQ(first_sentence("One. Two."), "One.");
   EXPECT_EQ(first_sentence("Version 1.5 only."), "Version 1.5 only.");

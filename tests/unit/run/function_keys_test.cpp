@@ -1,14 +1,8 @@
-// Keys of a script on their way into a run.
-#include "run/key_feeder.h"
-
+// Function keys of a script on their way into a run.
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <string>
-
-#include "app/settings/exit_states.h"
-#include "app/settings/prefs.h"
-#include "run/run_view.h"
+#include "run/key_feeder.h"
+#include "tests/unit/run/run_rig.h"
 
 namespace zoka {
 namespace {
@@ -27,28 +21,14 @@ TFeedItem key(const std::string& bytes) {
 }
 
 TEST(FunctionKeys, FunctionKeysWithoutATextTypeNothing) {
-  const std::unique_ptr<TClock> clock = make_simulated_clock();
-  TCatalogue catalogue(TLanguage::Keys);
-  TPrefs prefs;
-  TExitStates exitStates(nullptr);
-  TEngineContext context;
-  context.clock = clock.get();
-  context.catalogue = &catalogue;
-  context.prefs = &prefs;
-  context.exitStates = &exitStates;
-  TRunHost host;
-  TRunView view(context, host);
-  TKeyFeeder feeder(*clock, view);
-  view.SetKeyFeeder(&feeder);
+  TRunRig rig;
+  TKeyFeeder feeder(*rig.clock, *rig.view);
+  rig.view->SetKeyFeeder(&feeder);
   feeder.Add({function_key(11), function_key(12), key("x"), key("\x0A")});
   feeder.Finish();
-  ASSERT_EQ(view.CompileBasic("10 INPUT A$\n20 PRINT A$+A$\n"), TCompileResult::Runnable);
-  view.ReadyBasic();
-  view.RunBasic(TMessage("run"));
-  EXPECT_EQ(view.WaitForEnd(), 0);
-  EXPECT_EQ(view.Rsrc().RowText(0), "? x");
-  EXPECT_EQ(view.Rsrc().RowText(1), "xx");
-  view.QuitBasic();  // while the feeder is there
+  EXPECT_EQ(rig.Run("10 INPUT A$\n20 PRINT A$+A$\n"), 0);
+  EXPECT_EQ(rig.Screen(), (std::vector<std::string>{"? x", "xx", "Ok"}));
+  rig.view->QuitBasic();  // while the feeder is there
 }
 
 }  // namespace
