@@ -44,6 +44,11 @@ TRunWindow::TRunWindow(TWindowContext& context, const TSettingsPlace* place)
        {}});
   LoadMRUF();
   CreateMenu();
+  // The window has its size before it is shown: a change of size in between would let it forget
+  // that its place is that of its frame.
+  UpdateMBarVisibility();
+  layout()->activate();
+  adjustSize();
   MoveToFrame(Engine().exitStates->RWFr);
   mRunView.AttachedToWindow();
 }

@@ -39,8 +39,8 @@ def plot(m):
     for colour, curve in ((6, first), (2, second)):
         for i in range(-280, 280):
             m.line(x0 + i, curve(i / sx), x0 + i + 1, curve((i + 1) / sx), colour)
-    m.box_fill(430, 26, 610, 70, 0)
-    m.box(430, 26, 610, 70, 5)
+    m.box_fill(430, 26, 634, 70, 0)
+    m.box(430, 26, 634, 70, 5)
     m.box_fill(440, 40, 464, 41, 6)
     m.box_fill(440, 56, 464, 57, 2)
     for x, y, colour, text in ((60, 2, 6, "cos(2x) exp(-xx/8)"), (60, 3, 2, "0.6 sin(x)"),
