@@ -539,6 +539,9 @@ TEST_F(TMainMenu, FilesFromOtherApplicationsAreOpenedWhereTheyAreDropped) {
   QMimeData files;
   files.setUrls({QUrl::fromLocalFile(QString::fromStdString(mFolder.Path("a.bas"))),
                  QUrl::fromLocalFile(QString::fromStdString(mFolder.Path("b.bas")))});
+  QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(Edit().viewport(), &enter);
+  EXPECT_TRUE(enter.isAccepted());
   QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
   QApplication::sendEvent(Edit().viewport(), &drop);
   // The first one counts.
