@@ -104,6 +104,7 @@ TEST(TEndSignalsProcess, TheApplicationEndsInOrder) {
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
   environment.insert("QT_QPA_PLATFORM", "offscreen");
   environment.insert("XDG_CONFIG_HOME", QString::fromStdString(folder.Path()));
+  environment.insert("XDG_DATA_HOME", QString::fromStdString(folder.Path("data")));
   process.setProcessEnvironment(environment);
   process.start(ZOKA_BASIC_PROGRAM, QStringList());
   ASSERT_TRUE(process.waitForStarted(WAIT_MS));
