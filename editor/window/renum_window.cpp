@@ -74,8 +74,7 @@ void TRenumWindow::Appear() {
 
 int32_t TRenumWindow::CompoToParam(QLineEdit& field, int32_t whenEmpty) {
   const std::string text = field.text().toStdString();
-  if (text.empty()) return whenEmpty;
-  const int32_t value = parse_long(text);
+  const int32_t value = text.empty() ? whenEmpty : parse_long(text);
   if (value >= 1) return value;
   field.setText("1");
   return 1;

@@ -8,9 +8,10 @@
 
 namespace zoka {
 
-/// Numbers where a field is left empty.
+/// Numbers where a field is left empty. No old line is line 0, which is put right as any number
+/// below 1 is.
 constexpr int32_t DEFAULT_NEW_LINE = 10;
-constexpr int32_t DEFAULT_OLD_LINE = 1;
+constexpr int32_t DEFAULT_OLD_LINE = 0;
 constexpr int32_t DEFAULT_STEP = 10;
 
 /// Sends rnmr with "NewLine", "OldLine" and "Step".

@@ -481,6 +481,30 @@ TEST_F(ListRequests, ARunSavesTheAutoSaveListAlone) {
   EXPECT_TRUE(document.IsModified());
 }
 
+TEST_F(ListRequests, ABackupIsInsertedAsUtf8AndItsFileStays) {
+  folder.Write("AutoSave.bas", "10 'あ\n");
+  EXPECT_TRUE(document.RestoreBackup(folder.Path("AutoSave.bas")));
+  EXPECT_EQ(text.Get(), "10 'あ\n");
+  EXPECT_EQ(document.CurERefName(), "(Auto Backuped List)");
+  EXPECT_TRUE(document.IsAutoBackup());
+  EXPECT_TRUE(document.IsModified());
+  EXPECT_EQ(document.CurPath(), "");
+  EXPECT_EQ(host.titles, 1);
+  EXPECT_EQ(folder.Read("AutoSave.bas"), "10 'あ\n");
+  // It has no file of its own: saving asks for a name, and then it is a list like any other.
+  requests.MessageReceived(TMessage("_sav"));
+  EXPECT_EQ(PostedCodes(), TRows{"_sva"});
+  requests.MessageReceived(SaveAs("x"));
+  EXPECT_EQ(document.CurERefName(), "x.bas");
+  EXPECT_FALSE(document.IsAutoBackup());
+}
+
+TEST_F(ListRequests, ABackupThatCannotBeReadLeavesANewList) {
+  EXPECT_FALSE(document.RestoreBackup(folder.Path("none")));
+  EXPECT_EQ(document.CurERefName(), "(New List)");
+  EXPECT_FALSE(document.IsModified());
+}
+
 TEST_F(ListRequests, SamplesOpenAsUnnamedCopies) {
   folder.Write("sample.bas", "10 PRINT 1\n");
   TMessage message("_smp");
