@@ -167,7 +167,7 @@ TEST_F(Sequencer, EventsComeAtTheirStamps) {
               static_cast<int>(*least), static_cast<int>(*most));
   // The queue's time and the clock's were read one after the other; an emulated machine is slow.
   EXPECT_GT(*least, -2000);
-  EXPECT_LT(mean, 2000);
+  EXPECT_LT(mean, 5000);
 }
 
 TEST_F(Sequencer, SystemExclusiveMessagesComeWhole) {
