@@ -14,19 +14,19 @@ namespace zoka {
 namespace {
 
 /// A bit for each rank that the thread holds.
-thread_local unsigned tHeldRanks = 0;
+thread_local unsigned gHeldRanks = 0;
 
 void note_lock(TLockRank rank) {
   const unsigned place = static_cast<unsigned>(rank);
-  if (tHeldRanks >> place) {
-    std::fprintf(stderr, "lock of rank %u taken while ranks %#x are held\n", place, tHeldRanks);
+  if (gHeldRanks >> place) {
+    std::fprintf(stderr, "lock of rank %u taken while ranks %#x are held\n", place, gHeldRanks);
     std::abort();
   }
-  tHeldRanks |= 1u << place;
+  gHeldRanks |= 1u << place;
 }
 
 void note_unlock(TLockRank rank) {
-  tHeldRanks &= ~(1u << static_cast<unsigned>(rank));
+  gHeldRanks &= ~(1u << static_cast<unsigned>(rank));
 }
 
 }  // namespace

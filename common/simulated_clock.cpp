@@ -35,7 +35,7 @@ struct TActor {
 };
 
 /// The part that the calling thread plays, if any.
-thread_local TActor* tActor = nullptr;
+thread_local TActor* gActor = nullptr;
 
 }  // namespace
 
@@ -78,7 +78,7 @@ class TSimulatedClock final : public TClock {
   };
 
   /// The calling thread's part in this clock, or null.
-  TActor* Self() const { return tActor && tActor->clock == this ? tActor : nullptr; }
+  TActor* Self() const { return gActor && gActor->clock == this ? gActor : nullptr; }
   TKey Enqueue(bigtime_t when, TActorClass order, TEvent event);
   void EnqueueActor(TActor& actor, bigtime_t when, TActorClass order);
   void Dequeue(const TKey& key);
@@ -224,12 +224,12 @@ void TSimulatedClock::Fire(TGuard& lock, TTimerId id) {
   mDispatching = true;
   mFiring = id;
   mFiringThread = std::this_thread::get_id();
-  TActor* const self = tActor;
-  tActor = nullptr;  // inside the function the thread counts as a host's: it must not wait here
+  TActor* const self = gActor;
+  gActor = nullptr;  // inside the function the thread counts as a host's: it must not wait here
   lock.unlock();
   timer->fn();
   lock.lock();
-  tActor = self;
+  gActor = self;
   mDispatching = false;
   mFiring = 0;
   mFired.notify_all();
@@ -292,16 +292,16 @@ uint64_t TSimulatedClock::PrepareThread(TActorClass order) {
 void TSimulatedClock::EnterThread(uint64_t token) {
   TGuard lock(mLock);
   TActor& self = *mActors.at(token);
-  self.outer = tActor;
+  self.outer = gActor;
   self.entered = true;
   for (Dispatch(lock); mRunning != &self; Dispatch(lock)) self.turn.wait(lock);
-  tActor = &self;
+  gActor = &self;
 }
 
 void TSimulatedClock::LeaveThread() {
   TActor* self = Self();
   if (!self) return;
-  tActor = self->outer;
+  gActor = self->outer;
   TGuard lock(mLock);
   Remove(*self);
 }

@@ -199,39 +199,32 @@ void TCompiler::RegistInternalLabel(const std::string& name) {
   mMidCode->InsertLabel(name, CodeIndex());
 }
 
-bool TCompiler::AddCode(TVMCodeCmd cmd) {
+void TCompiler::AddCode(TVMCodeCmd cmd) {
   mMidCode->mCodes.emplace_back(cmd);
-  return true;
 }
 
-bool TCompiler::AddCodeBool(TVMCodeCmd cmd, bool value) {
+void TCompiler::AddCodeBool(TVMCodeCmd cmd, bool value) {
   mMidCode->mCodes.push_back(TVMCode(cmd).SetBool(value));
-  return true;
 }
 
-bool TCompiler::AddCodeLong(TVMCodeCmd cmd, int32_t value) {
+void TCompiler::AddCodeLong(TVMCodeCmd cmd, int32_t value) {
   mMidCode->mCodes.push_back(TVMCode(cmd).SetLong(value));
-  return true;
 }
 
-bool TCompiler::AddCodeFloat(TVMCodeCmd cmd, float value) {
+void TCompiler::AddCodeFloat(TVMCodeCmd cmd, float value) {
   mMidCode->mCodes.push_back(TVMCode(cmd).SetFloat(value));
-  return true;
 }
 
-bool TCompiler::AddCodeDouble(TVMCodeCmd cmd, double value) {
+void TCompiler::AddCodeDouble(TVMCodeCmd cmd, double value) {
   mMidCode->mCodes.push_back(TVMCode(cmd).SetDouble(value));
-  return true;
 }
 
-bool TCompiler::AddCodeStr(TVMCodeCmd cmd, std::string_view text) {
+void TCompiler::AddCodeStr(TVMCodeCmd cmd, std::string_view text) {
   mMidCode->mCodes.push_back(TVMCode(cmd).SetStr(mMidCode->AddText(text)));
-  return true;
 }
 
-bool TCompiler::AddCodeVar(TVMCodeCmd cmd, TVarInfo* var) {
+void TCompiler::AddCodeVar(TVMCodeCmd cmd, TVarInfo* var) {
   mMidCode->mCodes.push_back(TVMCode(cmd).SetVar(var));
-  return true;
 }
 
 void TCompiler::AddStatementBegin() {

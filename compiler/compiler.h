@@ -78,13 +78,13 @@ class TCompiler {
   std::string NextInternalLabel();
   void RegistInternalLabel(const std::string& name);
   int32_t CodeIndex() const { return static_cast<int32_t>(mMidCode->mCodes.size()); }
-  bool AddCode(TVMCodeCmd cmd);
-  bool AddCodeBool(TVMCodeCmd cmd, bool value);
-  bool AddCodeLong(TVMCodeCmd cmd, int32_t value);
-  bool AddCodeFloat(TVMCodeCmd cmd, float value);
-  bool AddCodeDouble(TVMCodeCmd cmd, double value);
-  bool AddCodeStr(TVMCodeCmd cmd, std::string_view text);
-  bool AddCodeVar(TVMCodeCmd cmd, TVarInfo* var);
+  void AddCode(TVMCodeCmd cmd);
+  void AddCodeBool(TVMCodeCmd cmd, bool value);
+  void AddCodeLong(TVMCodeCmd cmd, int32_t value);
+  void AddCodeFloat(TVMCodeCmd cmd, float value);
+  void AddCodeDouble(TVMCodeCmd cmd, double value);
+  void AddCodeStr(TVMCodeCmd cmd, std::string_view text);
+  void AddCodeVar(TVMCodeCmd cmd, TVarInfo* var);
   void AddStatementBegin();
   static TVMCodeCmd AddOffsetToCode(TVMCodeCmd base, TTokenKind kind);
 

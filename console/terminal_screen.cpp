@@ -29,6 +29,10 @@ std::string cell_text(const TTxtCell& cell) {
   return length == 0 || isControl || !is_utf8({cell.text, length}) ? " " : cell.text;
 }
 
+size_t cell_index(const TTxtSnapshot& screen, int32_t row, int32_t column) {
+  return static_cast<size_t>(row) * static_cast<size_t>(screen.cols) + static_cast<size_t>(column);
+}
+
 }  // namespace
 
 void TTerminalScreen::SetSize(int32_t rows, int32_t columns) {
@@ -39,7 +43,7 @@ void TTerminalScreen::SetSize(int32_t rows, int32_t columns) {
 
 bool TTerminalScreen::RowChanged(const TTxtSnapshot& now, int32_t row) const {
   if (!mKnown) return true;
-  auto begin = static_cast<size_t>(row * now.cols);
+  const size_t begin = cell_index(now, row, 0);
   auto count = static_cast<size_t>(now.cols);
   return std::memcmp(&now.cells[begin], &mShown.cells[begin], count * sizeof(TTxtCell)) != 0 ||
          std::memcmp(&now.attrs[begin], &mShown.attrs[begin], count) != 0;
@@ -50,12 +54,12 @@ std::string TTerminalScreen::RowBytes(const TTxtSnapshot& now, int32_t row) cons
   int32_t color = -1;
   int32_t width = std::min(now.cols, mColumns);
   auto cell = [&](int32_t column) -> const TTxtCell& {
-    return now.cells[static_cast<size_t>(row * now.cols + column)];
+    return now.cells[cell_index(now, row, column)];
   };
   while (width > 0 && cell(width - 1).IsEmpty()) --width;
   for (int32_t column = 0; column < width; ++column) {
     if (cell(column).IsRightHalf()) continue;
-    int32_t wanted = now.attrs[static_cast<size_t>(row * now.cols + column)] & 7;
+    int32_t wanted = now.attrs[cell_index(now, row, column)] & 7;
     if (wanted != color) {
       bytes += std::string("\x1b[") + COLOR_CODES[static_cast<size_t>(wanted) % COLORS] + "m";
       color = wanted;

@@ -13,7 +13,7 @@ namespace {
 
 constexpr size_t ASCII_COUNT = 128;
 
-thread_local TMemoryBudget* tBudget = nullptr;
+thread_local TMemoryBudget* gBudget = nullptr;
 
 int64_t block_bytes(uint32_t capacity) {
   return int64_t{sizeof(TTextBlock)} + capacity;
@@ -49,17 +49,17 @@ bool is_ascii(char c) {
 
 }  // namespace
 
-constinit TTextBlock TTextBlock::sEmpty{0, 0, 0, false};
+constinit TTextBlock TTextBlock::gEmpty{0, 0, 0, false};
 
 TTextBlock* TTextBlock::Create(std::string_view text, uint32_t capacity) {
   const auto length = static_cast<uint32_t>(text.size());
   capacity = std::max(capacity, length);
-  if (tBudget != nullptr && tBudget->used > tBudget->limit - block_bytes(capacity)) {
+  if (gBudget != nullptr && gBudget->used > gBudget->limit - block_bytes(capacity)) {
     throw std::bad_alloc();
   }
   void* memory = allocate_block(capacity);
-  auto* block = new (memory) TTextBlock(1, length, capacity, tBudget != nullptr);
-  if (tBudget != nullptr) tBudget->used += block_bytes(capacity);
+  auto* block = new (memory) TTextBlock(1, length, capacity, gBudget != nullptr);
+  if (gBudget != nullptr) gBudget->used += block_bytes(capacity);
   std::copy(text.begin(), text.end(), reinterpret_cast<char*>(block + 1));
   return block;
 }
@@ -72,16 +72,16 @@ TTextBlock* TTextBlock::CreateLiteral(std::string_view text) {
 }
 
 void TTextBlock::FreeLiteral(TTextBlock* literal) {
-  if (literal != &sEmpty) std::free(literal);
+  if (literal != &gEmpty) std::free(literal);
 }
 
 void TTextBlock::SetBudget(TMemoryBudget* budget) {
-  tBudget = budget;
+  gBudget = budget;
 }
 
 void TTextBlock::Free() {
   // After a run its budget is gone, and its last texts go with the image.
-  if (mCounted != 0 && tBudget != nullptr) tBudget->used -= block_bytes(mCapacity);
+  if (mCounted != 0 && gBudget != nullptr) gBudget->used -= block_bytes(mCapacity);
   std::free(this);
 }
 

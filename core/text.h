@@ -27,7 +27,7 @@ class TTextBlock {
   static TTextBlock* CreateLiteral(std::string_view text);
   static void FreeLiteral(TTextBlock* literal);
   /// The one empty text; immortal.
-  static TTextBlock* Empty() { return &sEmpty; }
+  static TTextBlock* Empty() { return &gEmpty; }
 
   /// The budget that new blocks of this thread count against; null for none.
   static void SetBudget(TMemoryBudget* budget);
@@ -57,7 +57,7 @@ class TTextBlock {
       : mCount(count), mUsed(used), mCapacity(capacity), mCounted(counted ? 1 : 0) {}
   void Free();
 
-  static TTextBlock sEmpty;
+  static TTextBlock gEmpty;
 
   int32_t mCount;  // 0: immortal
   uint32_t mUsed;

@@ -147,7 +147,8 @@ class TEvaluator {
     TExprValue left = IntQuotient();
     while (TakeWord("MOD")) {
       const int64_t dividend = int_of(left);
-      left = number_value(static_cast<double>(dividend % Divisor(IntQuotient())));
+      const int64_t rest = dividend % Divisor(IntQuotient());
+      left = number_value(static_cast<double>(rest));
     }
     return left;
   }
@@ -155,7 +156,8 @@ class TEvaluator {
     TExprValue left = Product();
     while (Take('\\')) {
       const int64_t dividend = int_of(left);
-      left = number_value(static_cast<double>(dividend / Divisor(Product())));
+      const int64_t quotient = dividend / Divisor(Product());
+      left = number_value(static_cast<double>(quotient));
     }
     return left;
   }

@@ -59,7 +59,9 @@ class TKORUNEArchivable : public TArchivable {
 
  protected:
   TKORUNEArchivable(const TKORUNEArchivable&) = default;
+  /// Copies the fields but not the place.
   TKORUNEArchivable& operator=(const TKORUNEArchivable& other) {
+    if (this == &other) return *this;
     TArchivable::operator=(other);
     return *this;
   }

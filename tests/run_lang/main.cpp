@@ -17,12 +17,14 @@ const char USAGE[] =
     "  --zoka PATH        the console tool under test\n"
     "  --exact AREA/NAME  this test only\n"
     "  --jobs N           tests at once (the number of processors)\n"
+    "  --stop             start no more tests after one that failed\n"
     "  --check-tree       run nothing; report files that belong to no test\n";
 
 struct TOptions {
   std::string zoka;
   std::string exact;
   unsigned jobs = std::max(1u, std::thread::hardware_concurrency());
+  bool stop = false;
   bool checkTree = false;
   std::vector<std::string> words;
 };
@@ -41,6 +43,8 @@ bool parse_options(int argc, char** argv, TOptions& options) {
       options.exact = argv[++i];
     } else if (word == "--jobs") {
       options.jobs = static_cast<unsigned>(std::max(1, std::atoi(argv[++i])));
+    } else if (word == "--stop") {
+      options.stop = true;
     } else if (word == "--check-tree") {
       options.checkTree = true;
     } else if (word.starts_with("--")) {
@@ -91,6 +95,7 @@ int run_all(const std::vector<zoka::TLangCase>& cases, const TOptions& options) 
   std::mutex output;
   const auto work = [&] {
     for (size_t i = next++; i < cases.size(); i = next++) {
+      if (options.stop && failed > 0) return;
       const std::vector<std::string> differences = zoka::run_case(cases[i], options.zoka);
       failed += differences.empty() ? 0 : 1;
       const std::lock_guard lock(output);

@@ -160,6 +160,18 @@ TEST_F(TTextTest, ControlCodesCountOneColumnWhenMeasured) {
   EXPECT_EQ(rsrc.CursorPos(), 1840 + 78);
 }
 
+TEST_F(TTextTest, WideCharactersCountTwoColumnsWhenMeasured) {
+  std::string text;
+  for (int i = 0; i < 39; ++i) text += "漢";
+  rsrc.SetCursorPos(1920);
+  rsrc.Print(text + "A");
+  EXPECT_EQ(owner.rows, TRows{});
+  EXPECT_EQ(rsrc.CursorPos(), 1920 + 79);
+  // Two cells more, one of them behind the last row.
+  rsrc.Print("漢");
+  EXPECT_EQ(owner.rows, TRows{""});
+}
+
 TEST_F(TTextTest, FullRowLeavesTheCursorOnTheNext) {
   PrintLine(std::string(80, 'A'));
   PrintLine("B");
