@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "app/settings/show_alert.h"
+#include "debugger/window/break_rule_dialog.h"
 
 namespace zoka {
 namespace {
@@ -90,6 +91,18 @@ QWidget* open_folder_panel(const TWalkedApp& walked) {
   return walked.app.RunWindow().findChild<QFileDialog*>();
 }
 
+QWidget* open_debug_window(const TWalkedApp& walked) {
+  walked.app.DebugWindow().Appear();
+  return &walked.app.DebugWindow();
+}
+
+QWidget* open_break_rule(const TWalkedApp& walked) {
+  open_debug_window(walked);
+  TBreakRuleDialog& dialog = walked.app.DebugWindow().DebugView().RuleDialog();
+  dialog.Ask("10", {}, [](const TBreakRule&) {});
+  return if_visible(&dialog);
+}
+
 QWidget* open_about(const TWalkedApp& walked) {
   QWidget* const open = dialog_named("AboutWindow");
   if (open == nullptr) walked.app.PostMessage(TMessage("_ABR"));
@@ -128,6 +141,8 @@ const std::vector<TWalkedWindow>& walked_windows() {
       {"open", open_open_panel},
       {"save", open_save_panel},
       {"folder", open_folder_panel},
+      {"debug", open_debug_window},
+      {"break-rule", open_break_rule},
       {"about", open_about},
       {"question", open_question},
   };
