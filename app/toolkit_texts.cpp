@@ -52,6 +52,7 @@ constexpr const char* TEXTS[] = {
     "All Files (*)",
     "Directories",
     "Name",
+    "Size",
     "Type",
     "Kind",
     "Date Modified",

@@ -23,6 +23,7 @@ void set_name_filters(QFileDialog& panel, const TEngineContext& context) {
   const QString lists = localized(context, "BASIC Lists");
   const QString all = localized(context, "All Files");
   panel.setNameFilters({lists + " (*.bas *.BAS *.Bas)", all + " (*)"});
+  panel.setSidebarUrls(panel.sidebarUrls());  // which names the places anew
 }
 
 }  // namespace

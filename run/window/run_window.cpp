@@ -146,6 +146,7 @@ void TRunWindow::SetPanelLabels() {
   mSpecifyPanel->setWindowTitle(QString::fromStdString(
       replace_placeholder(GetString("%AppName%: Specify Drive Folder"), "%AppName%", APP_NAME)));
   mSpecifyPanel->setNameFilter(QString::fromStdString(GetString("Directories")));
+  mSpecifyPanel->setSidebarUrls(mSpecifyPanel->sidebarUrls());  // which names the places anew
   mSpecifyPanel->setLabelText(QFileDialog::Accept, QString::fromStdString(GetString("Specify")));
 }
 

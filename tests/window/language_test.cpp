@@ -17,7 +17,9 @@ class TBothLanguages {
     const auto english = parse_catalogue(CATALOGUE_EN);
     for (const auto& [key, text] : parse_catalogue(CATALOGUE_JA)) {
       const auto found = english.find(key);
-      if (found != english.end()) mPatterns.push_back({Pattern(found->second), Pattern(text)});
+      // What is a placeholder and nothing else would match anything.
+      if (found == english.end() || std::string_view(key) == "%AppAuthor%") continue;
+      mPatterns.push_back({Pattern(found->second), Pattern(text)});
     }
   }
 
