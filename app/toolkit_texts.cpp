@@ -85,6 +85,8 @@ constexpr const char* TEXTS[] = {
     "Scroll up",
     "Scroll down",
     "Scroll left",
+    "Scroll Left",
+    "Scroll Right",
     "Scroll right",
     "Open",
     "Save",

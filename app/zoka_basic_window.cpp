@@ -132,6 +132,7 @@ void TZokaBasicWindow::LanguageChanged() {
 
 void TZokaBasicWindow::IAPChanged(const TMessage&) {
   CreateMenu();
+  mView->Comforts().SetLabels();
 }
 
 bool TZokaBasicWindow::QuitRequested() {

@@ -11,6 +11,7 @@
 #include "app/settings/inter_app_prefs.h"
 #include "app/settings/prefs.h"
 #include "common/window/menu_label.h"
+#include "common/window/tool_tip.h"
 #include "debugger/window/debug_commands.h"
 #include "debugger/window/debug_images.h"
 
@@ -107,6 +108,7 @@ void TDebugView::CreateToolBar() {
     QWidget* const button = mToolBar->widgetForAction(mButtons[i]);
     button->setObjectName(BUTTONS[i].name);
     button->setFocusPolicy(Qt::TabFocus);
+    new TToolTip(button);
     connect(mButtons[i], &QAction::triggered, this,
             [this, code = BUTTONS[i].code] { mWindow.PostMessage(TMessage(code)); });
   }

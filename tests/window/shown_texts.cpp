@@ -13,6 +13,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QRegularExpression>
+#include <QTabBar>
 #include <QTabWidget>
 
 namespace zoka {
@@ -50,9 +51,10 @@ class TCollector {
     }
   }
 
-  /// The places of a file panel are the user's folders.
+  /// The places of a file panel are the user's folders. Tabs have hidden buttons for scrolling.
   static bool IsOfUser(const QWidget& widget) {
     return widget.objectName() == "sidebar" || widget.objectName() == "lookInCombo" ||
+           qobject_cast<const QTabBar*>(widget.parentWidget()) != nullptr ||
            qobject_cast<const QAbstractItemView*>(widget.parentWidget()) != nullptr;
   }
 

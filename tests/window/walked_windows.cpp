@@ -8,7 +8,6 @@
 #include <thread>
 
 #include "app/settings/show_alert.h"
-#include "debugger/window/break_rule_dialog.h"
 
 namespace zoka {
 namespace {
@@ -19,16 +18,10 @@ QWidget* if_visible(QWidget* window) {
   return window != nullptr && window->isVisible() ? window : nullptr;
 }
 
-QWidget* dialog_named(const char* name) {
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->objectName() == name && window->isVisible()) return window;
-  }
-  return nullptr;
-}
-
 QWidget* open_main(const TWalkedApp& walked) {
   TZokaBasicWindow& window = walked.app.MainWindow();
   window.View().FindBar().hide();
+  window.UncoverEditor();
   // As large as at the first start, whatever the screen of the test.
   window.resize(820, 600);
   if (walked.program != window.Document().CurPath()) window.OpenFile(walked.program);
@@ -91,22 +84,34 @@ QWidget* open_folder_panel(const TWalkedApp& walked) {
   return walked.app.RunWindow().findChild<QFileDialog*>();
 }
 
+QWidget* open_about(const TWalkedApp& walked) {
+  QWidget* const open = if_visible(walked.app.AboutWindow());
+  if (open == nullptr) walked.app.PostMessage(TMessage("_ABR"));
+  return open;
+}
+
 QWidget* open_debug_window(const TWalkedApp& walked) {
   walked.app.DebugWindow().Appear();
   return &walked.app.DebugWindow();
 }
 
 QWidget* open_break_rule(const TWalkedApp& walked) {
-  open_debug_window(walked);
   TBreakRuleDialog& dialog = walked.app.DebugWindow().DebugView().RuleDialog();
-  dialog.Ask("10", {}, [](const TBreakRule&) {});
-  return if_visible(&dialog);
+  dialog.Ask("10", {}, {});
+  return &dialog;
 }
 
-QWidget* open_about(const TWalkedApp& walked) {
-  QWidget* const open = dialog_named("AboutWindow");
-  if (open == nullptr) walked.app.PostMessage(TMessage("_ABR"));
-  return open;
+QWidget* open_keywords(const TWalkedApp& walked) {
+  TKeywordWindow& window = walked.app.MainWindow().View().Comforts().KeywordWindow();
+  window.Appear("CIRCLE");
+  return &window;
+}
+
+/// The page lies over the editor of the main window.
+QWidget* open_first_start(const TWalkedApp& walked) {
+  QWidget* const window = open_main(walked);
+  walked.app.ShowFirstStartPage();
+  return window;
 }
 
 /// The question with three buttons. A thread without a waiter does not stand in it.
@@ -132,7 +137,10 @@ const std::vector<TWalkedWindow>& walked_windows() {
   static const std::vector<TWalkedWindow> WINDOWS{
       {"main", open_main},
       {"find", open_find_bar},
+      {"first-start", open_first_start},
       {"run", open_run_window},
+      {"debug", open_debug_window},
+      {"break-rule", open_break_rule},
       {"preferences", open_preferences},
       {"common", open_common},
       {"go-to-line", open_dialog<go_to_line>},
@@ -141,8 +149,7 @@ const std::vector<TWalkedWindow>& walked_windows() {
       {"open", open_open_panel},
       {"save", open_save_panel},
       {"folder", open_folder_panel},
-      {"debug", open_debug_window},
-      {"break-rule", open_break_rule},
+      {"keywords", open_keywords},
       {"about", open_about},
       {"question", open_question},
   };
