@@ -53,6 +53,12 @@ void TThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
     case PE_FrameLineEdit:
     case PE_IndicatorCheckBox:
       return DrawFrame(painter, option->rect, has_focus(*option) ? focus : mFrame);
+    case PE_IndicatorRadioButton:
+      painter->save();
+      painter->setRenderHint(QPainter::Antialiasing);
+      painter->setPen(has_focus(*option) ? focus : mFrame);
+      painter->drawEllipse(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5));
+      return painter->restore();
     case PE_Frame:
     case PE_FrameTabWidget:
     case PE_PanelMenu:
@@ -106,6 +112,7 @@ void TThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionC
   };
   switch (control) {
     case CC_ComboBox:
+    case CC_SpinBox:
       return DrawFrame(painter, option->rect,
                        has_focus(*option) ? option->palette.color(QPalette::Highlight) : mFrame);
     case CC_GroupBox: {

@@ -6,7 +6,9 @@
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScrollBar>
+#include <QSpinBox>
 #include <QTabWidget>
 #include <cmath>
 
@@ -104,6 +106,10 @@ TEST(Themes, ControlsAreSeenWithoutATextInThem) {
     QLineEdit text;
     QPushButton button;
     QCheckBox box;
+    QRadioButton choice;
+    QSpinBox number;
+    number.setSpecialValueText(" ");
+    number.setButtonSymbols(QSpinBox::NoButtons);
     QComboBox menu;
     QTabWidget pages;
     pages.addTab(new QWidget, QString());
@@ -111,8 +117,8 @@ TEST(Themes, ControlsAreSeenWithoutATextInThem) {
     QScrollBar bar;
     bar.setRange(0, 10);
     bar.setFixedSize(16, 100);
-    for (QWidget* control :
-         std::initializer_list<QWidget*>{&text, &button, &box, &menu, &pages, &group, &bar}) {
+    for (QWidget* control : std::initializer_list<QWidget*>{&text, &button, &box, &choice, &number,
+                                                            &menu, &pages, &group, &bar}) {
       EXPECT_TRUE(is_seen(*control, theme_palette(theme).color(QPalette::Window)))
           << theme << " " << control->metaObject()->className();
     }
