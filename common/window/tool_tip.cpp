@@ -4,6 +4,7 @@
 #include <QEvent>
 #include <QScreen>
 #include <algorithm>
+#include <chrono>
 
 namespace zoka {
 namespace {
@@ -13,15 +14,22 @@ constexpr int MARGIN = 3;
 /// Between the widget and its tip.
 constexpr int BELOW = 2;
 
+int64_t host_now() {
+  using namespace std::chrono;
+  return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
+}
+
 }  // namespace
 
 QPointer<QLabel> TToolTip::smOpen;
-QElapsedTimer TToolTip::smLastHideTime;
+std::function<int64_t()> TToolTip::smNow = host_now;
+std::optional<int64_t> TToolTip::smLastHideTime;
 
-TToolTip::TToolTip(QWidget* owner) : QObject(owner), mOwner(owner) {
-  for (QTimer* timer : {&mShow, &mHide}) timer->setSingleShot(true);
-  connect(&mShow, &QTimer::timeout, this, [this] { Show(); });
-  connect(&mHide, &QTimer::timeout, this, [this] { Hide(); });
+TToolTip::TToolTip(QWidget* owner)
+    : QObject(owner), mOwner(owner), mShow(new QTimer(this)), mHide(new QTimer(this)) {
+  for (QTimer* timer : {mShow, mHide}) timer->setSingleShot(true);
+  connect(mShow, &QTimer::timeout, this, [this] { Show(); });
+  connect(mHide, &QTimer::timeout, this, [this] { Hide(); });
   owner->installEventFilter(this);
 }
 
@@ -31,6 +39,11 @@ TToolTip::~TToolTip() {
 
 QLabel* TToolTip::OpenWindow() {
   return smOpen;
+}
+
+void TToolTip::SetNow(std::function<int64_t()> now) {
+  smNow = now ? std::move(now) : host_now;
+  smLastHideTime.reset();
 }
 
 bool TToolTip::eventFilter(QObject* object, QEvent* event) {
@@ -52,18 +65,18 @@ bool TToolTip::eventFilter(QObject* object, QEvent* event) {
 }
 
 void TToolTip::MouseEntered() {
-  const bool again = smLastHideTime.isValid() && !smLastHideTime.hasExpired(TOOL_TIP_AGAIN_MS);
+  const bool again = smLastHideTime && smNow() - *smLastHideTime <= TOOL_TIP_AGAIN_MS;
   if (smOpen || again) return Show();
-  mShow.start(TOOL_TIP_SHOW_MS);
+  mShow->start(TOOL_TIP_SHOW_MS);
 }
 
 void TToolTip::MouseExited() {
-  mShow.stop();
+  mShow->stop();
   Hide();
 }
 
 void TToolTip::Show() {
-  mShow.stop();
+  mShow->stop();
   if (mOwner->toolTip().isEmpty() || mWindow) return;
   delete smOpen;
   mWindow = new QLabel(mOwner->toolTip(), mOwner, Qt::ToolTip);
@@ -82,14 +95,14 @@ void TToolTip::Show() {
   const int bottom = screen.bottom() + 1 - mWindow->height();
   mWindow->move(std::min(place.x(), right), std::min(place.y(), bottom));
   mWindow->show();
-  mHide.start(TOOL_TIP_HIDE_MS);
+  mHide->start(TOOL_TIP_HIDE_MS);
 }
 
 void TToolTip::Hide() {
-  mHide.stop();
+  mHide->stop();
   if (!mWindow) return;
   delete mWindow;
-  smLastHideTime.start();
+  smLastHideTime = smNow();
 }
 
 }  // namespace zoka

@@ -2,11 +2,13 @@
 // is elsewhere.
 #pragma once
 
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QPointer>
 #include <QTimer>
 #include <QWidget>
+#include <cstdint>
+#include <functional>
+#include <optional>
 
 namespace zoka {
 
@@ -26,6 +28,8 @@ class TToolTip final : public QObject {
 
   /// The tip that is open now, of whichever widget; null if none is.
   static QLabel* OpenWindow();
+  /// Replaces the time that the tips look at, in milliseconds since any moment; empty: the host's.
+  static void SetNow(std::function<int64_t()> now);
 
  protected:
   bool eventFilter(QObject* object, QEvent* event) override;
@@ -37,11 +41,12 @@ class TToolTip final : public QObject {
   void Hide();
 
   static QPointer<QLabel> smOpen;
-  static QElapsedTimer smLastHideTime;
+  static std::function<int64_t()> smNow;
+  static std::optional<int64_t> smLastHideTime;
 
   QWidget* mOwner;
-  QTimer mShow;
-  QTimer mHide;
+  QTimer* mShow;
+  QTimer* mHide;
   QPointer<QLabel> mWindow;
 };
 

@@ -1,20 +1,21 @@
-// Tool tips: when they come, when they go, and that the next one comes at once.
+// Tool tips: when they come, when they go, and that the next one comes at once. Time stands still;
+// timers are let run out by hand.
 #include "common/window/tool_tip.h"
 
 #include <gtest/gtest.h>
 
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QTimerEvent>
 #include <QtTest/QTest>
 
 namespace zoka {
 namespace {
 
-constexpr int WAIT_MS = 30'000;
-
 class ToolTip : public testing::Test {
  protected:
   ToolTip() {
+    TToolTip::SetNow([this] { return mNow; });
     auto* const row = new QHBoxLayout(&mBar);
     for (QPushButton* button : {&mGo, &mStop}) {
       row->addWidget(button);
@@ -25,9 +26,9 @@ class ToolTip : public testing::Test {
     mStop.setObjectName("Stop");
     mStop.setToolTip("Stops");
     mBar.show();
-    // Long after the tip of any other test.
-    QTest::qWait(TOOL_TIP_AGAIN_MS + 1);
   }
+  ~ToolTip() override { TToolTip::SetNow({}); }
+
   static void Send(QWidget& button, QEvent::Type type) {
     QEvent event(type);
     QApplication::sendEvent(&button, &event);
@@ -39,47 +40,74 @@ class ToolTip : public testing::Test {
   static std::string Shown() {
     return TToolTip::OpenWindow() ? TToolTip::OpenWindow()->text().toStdString() : "";
   }
-  static qint64 WaitFor(const char* text) {
-    QElapsedTimer time;
-    time.start();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return Shown() == text; }, WAIT_MS));
-    return time.elapsed();
+  /// The time that a tip of this button waits for now; -1 if for none.
+  static int Awaited(const QWidget& button) {
+    QTimer* const timer = Running(button);
+    return timer != nullptr ? timer->interval() : -1;
+  }
+  /// Lets that time be over.
+  static void RunOut(const QWidget& button) {
+    QTimer* const timer = Running(button);
+    ASSERT_NE(timer, nullptr);
+    QTimerEvent event(timer->timerId());
+    QApplication::sendEvent(timer, &event);
   }
 
+  int64_t mNow = 0;
   QWidget mBar;
   QPushButton mGo;
   QPushButton mStop;
+
+ private:
+  static QTimer* Running(const QWidget& button) {
+    for (QObject* child : button.children()) {
+      if (dynamic_cast<TToolTip*>(child) == nullptr) continue;
+      for (QTimer* timer : child->findChildren<QTimer*>()) {
+        if (timer->isActive()) return timer;
+      }
+    }
+    return nullptr;
+  }
 };
 
 TEST_F(ToolTip, ComesAfterASecondAndGoesAfterFive) {
   Enter(mGo);
-  EXPECT_GE(WaitFor("Goes on"), TOOL_TIP_SHOW_MS - 50);
+  EXPECT_EQ(Shown(), "");
+  EXPECT_EQ(Awaited(mGo), 1000);
+  RunOut(mGo);
+  EXPECT_EQ(Shown(), "Goes on");
   EXPECT_EQ(TToolTip::OpenWindow()->objectName(), "TlTipWin_Go");
-  EXPECT_GE(WaitFor(""), TOOL_TIP_HIDE_MS - 50);
+  EXPECT_EQ(Awaited(mGo), 5000);
+  RunOut(mGo);
+  EXPECT_EQ(Shown(), "");
+  EXPECT_EQ(Awaited(mGo), -1);
 }
 
 TEST_F(ToolTip, TheNextOneComesAtOnce) {
   Enter(mGo);
-  WaitFor("Goes on");
+  RunOut(mGo);
   Send(mGo, QEvent::Leave);
   EXPECT_EQ(Shown(), "");
+  mNow += 200;
   Enter(mStop);
   EXPECT_EQ(Shown(), "Stops");
   Send(mStop, QEvent::Leave);
-  QTest::qWait(TOOL_TIP_AGAIN_MS + 1);
+  mNow += 201;
   Enter(mGo);
   EXPECT_EQ(Shown(), "");
+  EXPECT_EQ(Awaited(mGo), 1000);
 }
 
 TEST_F(ToolTip, LeavingOrPressingInTimeKeepsItAway) {
   for (const QEvent::Type type : {QEvent::Leave, QEvent::MouseButtonPress, QEvent::Hide}) {
     Enter(mGo);
+    EXPECT_EQ(Awaited(mGo), 1000);
     if (type == QEvent::MouseButtonPress) {
       QTest::mousePress(&mGo, Qt::LeftButton);
     } else {
       Send(mGo, type);
     }
-    QTest::qWait(TOOL_TIP_SHOW_MS + 50);
+    EXPECT_EQ(Awaited(mGo), -1) << type;
     EXPECT_EQ(Shown(), "") << type;
   }
 }
@@ -87,7 +115,7 @@ TEST_F(ToolTip, LeavingOrPressingInTimeKeepsItAway) {
 TEST_F(ToolTip, WithoutATextThereIsNone) {
   mGo.setToolTip("");
   Enter(mGo);
-  QTest::qWait(TOOL_TIP_SHOW_MS + 50);
+  RunOut(mGo);
   EXPECT_EQ(TToolTip::OpenWindow(), nullptr);
 }
 
