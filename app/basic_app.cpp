@@ -4,11 +4,13 @@
 #include <QApplication>
 #include <QEvent>
 #include <QUrl>
+#include <cstdlib>
 
 #include "app/data_folder.h"
 #include "app/list_mime.h"
 #include "app/settings/show_alert.h"
 #include "common/window/menu_label.h"
+#include "sound/alsa_client.h"
 
 namespace zoka {
 namespace {
@@ -230,6 +232,12 @@ bool TBasicApp::QuitRequested() {
 void TBasicApp::EndWithoutAsking() {
   if (mMainWindow) mMainWindow->View().KeepUnsaved();
   QApplication::exit(0);
+}
+
+void TBasicApp::EndAtExit() {
+  if (mMainWindow) mMainWindow->View().KeepUnsaved();
+  silence_alsa_in_crash();
+  std::_Exit(EXIT_FAILURE);
 }
 
 void TBasicApp::Quit() {

@@ -38,6 +38,10 @@ class TBasicApp final : public THandler, private QObject {
   /// The host wants the application to end: it asks nothing and ends as soon as the event loop can;
   /// unsaved text is kept for the next start.
   void EndWithoutAsking();
+  /// For an exit() that nobody here has asked for, as when the display goes away: keeps unsaved
+  /// text, silences instruments and ends the process at once, since threads of the engine may not
+  /// outlive what exit() takes down. Window thread.
+  [[noreturn]] void EndAtExit();
   /// The user's choice from now on; all texts follow at once.
   void SetLanguage(TLanguage language);
 

@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QTimer>
 #include <clocale>
+#include <cstdlib>
 
 #include "app/end_signals.h"
 #include "app/held_modifiers.h"
@@ -15,6 +16,14 @@
 
 namespace zoka {
 namespace {
+
+/// The application while its event loop runs: the toolkit ends the process by exit() when the
+/// connection to the display breaks.
+TBasicApp* gRunningApp = nullptr;
+
+void end_at_exit() {
+  if (gRunningApp != nullptr) gRunningApp->EndAtExit();
+}
 
 constexpr int ICON_SIZES[] = {16, 32, 48, 128};
 
@@ -54,6 +63,8 @@ int run_application(int argc, char** argv, const std::function<void(TBasicApp&)>
   TSplashWindow* splash = nullptr;
   const auto start = [&] {
     app = std::make_unique<TBasicApp>(engine, splash);
+    gRunningApp = app.get();
+    std::atexit(end_at_exit);
     app->ReadyToRun(path);
     if (engine.IsNewUser() && path.empty()) app->ShowFirstStartPage();
     if (started) started(*app);
@@ -65,7 +76,9 @@ int run_application(int argc, char** argv, const std::function<void(TBasicApp&)>
   } else {
     QTimer::singleShot(0, &application, start);
   }
-  return QApplication::exec();
+  const int status = QApplication::exec();
+  gRunningApp = nullptr;
+  return status;
 }
 
 }  // namespace zoka

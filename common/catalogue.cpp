@@ -3,6 +3,8 @@
 
 #include <cstdlib>
 
+#include "common/immortal.h"
+
 namespace zoka {
 
 namespace {
@@ -24,13 +26,13 @@ std::string unescape(std::string_view text) {
 }
 
 const TTexts& language_texts(TLanguage language) {
-  static const TTexts none;
+  static const auto& none = immortal<TTexts>();
   if (language == TLanguage::English) {
-    static const TTexts english = parse_catalogue(CATALOGUE_EN);
+    static const auto& english = immortal<TTexts>(parse_catalogue(CATALOGUE_EN));
     return english;
   }
   if (language == TLanguage::Japanese) {
-    static const TTexts japanese = parse_catalogue(CATALOGUE_JA);
+    static const auto& japanese = immortal<TTexts>(parse_catalogue(CATALOGUE_JA));
     return japanese;
   }
   return none;

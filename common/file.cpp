@@ -12,6 +12,7 @@
 #include <map>
 #include <utility>
 
+#include "common/immortal.h"
 #include "common/mutex.h"
 
 namespace zoka {
@@ -50,8 +51,9 @@ int open_file(const char* path, int flags, struct stat* status) {
 }  // namespace
 
 std::shared_ptr<TBasicFile::TWriteCount> TBasicFile::SharedCount(dev_t device, ino_t inode) {
-  static TMutex lock(TLockRank::Leaf);
-  static std::map<std::pair<dev_t, ino_t>, std::weak_ptr<TWriteCount>> counts;
+  static auto& lock = immortal<TMutex>(TLockRank::Leaf);
+  using TCounts = std::map<std::pair<dev_t, ino_t>, std::weak_ptr<TWriteCount>>;
+  static auto& counts = immortal<TCounts>();
   TLock hold(lock);
   std::erase_if(counts, [](const auto& entry) { return entry.second.expired(); });
   std::weak_ptr<TWriteCount>& entry = counts[{device, inode}];

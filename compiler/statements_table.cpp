@@ -1,6 +1,7 @@
 // Statements whose whole syntax is a row: an argument list read by DealToken, and one operation.
 #include <algorithm>
 
+#include "common/immortal.h"
 #include "compiler/compiler.h"
 #include "compiler/error_keys.h"
 
@@ -47,7 +48,7 @@ ZOKA_DEAL_ROW(XSleep, "n", 1, 1, None)
 #undef ZOKA_DEAL_ROW
 
 TToken TCompiler::GenProcClose(const TToken& first) {
-  static const TArgSpec SPEC(MAX_CLOSE, {ttInt, true});
+  static const auto& SPEC = immortal<TArgSpec>(MAX_CLOSE, TArgSpec::value_type{ttInt, true});
   std::vector<TToken> args;
   TToken token = GenProcDealToken(first, 0, MAX_CLOSE, SPEC, &args);
   AddCodeLong(TVMCodeCmd::Close, static_cast<int32_t>(args.size()));

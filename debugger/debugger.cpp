@@ -3,6 +3,7 @@
 
 #include <new>
 
+#include "common/immortal.h"
 #include "debugger/debug_model.h"
 #include "debugger/expression.h"
 #include "vm/handlers.h"
@@ -90,7 +91,7 @@ TDebugger::~TDebugger() {
 }
 
 const TVMHandler* TDebugger::HandlerTable() const {
-  static const std::vector<TVMHandler> table = make_debug_table();
+  static const auto& table = immortal<std::vector<TVMHandler>>(make_debug_table());
   return table.data();
 }
 

@@ -2,6 +2,7 @@
 // them.
 #include <vector>
 
+#include "common/immortal.h"
 #include "vm/handlers.h"
 #include "vm/units.h"
 #include "vm/vmachine.h"
@@ -45,7 +46,7 @@ std::vector<TVMHandler> make_table() {
 }  // namespace
 
 const TVMHandler* vm_handler_table() {
-  static const std::vector<TVMHandler> table = make_table();
+  static const auto& table = immortal<std::vector<TVMHandler>>(make_table());
   return table.data();
 }
 

@@ -2,6 +2,7 @@
 // ordinary case is left to them.
 #include <functional>
 
+#include "common/immortal.h"
 #include "vm/arithmetic.h"
 #include "vm/plain_values.h"
 #include "vm/units.h"
@@ -191,7 +192,7 @@ std::vector<TUnitRow> make_rows() {
 }  // namespace
 
 const std::vector<TUnitRow>& unit_rows() {
-  static const std::vector<TUnitRow> rows = make_rows();
+  static const auto& rows = immortal<std::vector<TUnitRow>>(make_rows());
   return rows;
 }
 

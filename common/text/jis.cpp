@@ -7,6 +7,8 @@
 #include <array>
 #include <unordered_map>
 
+#include "common/immortal.h"
+
 namespace zoka {
 
 namespace {
@@ -91,7 +93,7 @@ class TPairTable {
 };
 
 const TPairTable& pair_table() {
-  static const TPairTable TABLE;
+  static const auto& TABLE = immortal<TPairTable>();
   return TABLE;
 }
 
