@@ -56,12 +56,15 @@ int run_application(int argc, char** argv, const std::function<void(TBasicApp&)>
   const std::string path =
       arguments.size() > 1 ? QFile::encodeName(arguments[1]).toStdString() : "";
   std::unique_ptr<TBasicApp> app;
-  const TEndSignals endSignals([&app] {
-    if (app) return app->EndWithoutAsking();
-    QApplication::quit();
+  // A signal may come before there is an application, or even an event loop.
+  bool isToEnd = false;
+  const TEndSignals endSignals([&] {
+    isToEnd = true;
+    app ? app->EndWithoutAsking() : QApplication::exit(0);
   });
   TSplashWindow* splash = nullptr;
   const auto start = [&] {
+    if (isToEnd) return QApplication::exit(0);
     app = std::make_unique<TBasicApp>(engine, splash);
     gRunningApp = app.get();
     std::atexit(end_at_exit);
