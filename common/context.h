@@ -20,7 +20,7 @@ class TExitStates;
 
 /// The application's name as it stands in titles ("%AppName%"), and its version.
 constexpr const char APP_NAME[] = "Zoka-BASIC";
-constexpr const char APP_VERSION[] = "0.1.0";
+constexpr const char APP_VERSION[] = "Ver 8.18";
 
 /// The flags that every part of the application may read.
 struct TZokaAppPrivacy {
