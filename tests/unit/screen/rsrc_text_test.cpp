@@ -448,6 +448,16 @@ TEST_F(TTextTest, ColourOfARectangleLeavesTheText) {
   EXPECT_EQ(Rows(), TRows{"AB"});
 }
 
+TEST_F(TTextTest, ColourOfACellIsThatOfACellInUse) {
+  rsrc.SetTxtSize(40, 20);
+  rsrc.SetCellAttr(799, 5);
+  EXPECT_EQ(rsrc.CellAttr(799), 5);
+  const int8_t behind = rsrc.CellAttr(800);
+  rsrc.SetCellAttr(800, static_cast<int8_t>(behind ^ 1));
+  EXPECT_EQ(rsrc.CellAttr(800), behind);
+  rsrc.SetCellAttr(-1, 5);
+}
+
 TEST_F(TTextTest, ColourWithCornersTurnedRoundDoesNothing) {
   rsrc.SetTxtAttr(5, 0, 4, 0, 1);
   rsrc.SetTxtAttr(0, 5, 0, 4, 1);
