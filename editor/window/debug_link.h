@@ -71,7 +71,7 @@ class TDebugLink final : public QObject {
   TDebugModel& mModel;
   TDebugLinkCalls mCalls;
   bool mStands = false;  // as it was shown last
-  int mRunTo = -1;  // the editor's line to which the run that is about to begin goes
+  int mRunTo = -1;       // the editor's line to which the run that is about to begin goes
   TBreakRuleDialog* mDialog;
 };
 
