@@ -50,7 +50,7 @@ class TTerminalRun {
   void Signal(int number) const { ::kill(mTool, number); }
   /// Reads what is shown until `text` comes, and forgets it.
   void Await(std::string_view text) {
-    for (size_t at; (at = mShown.find(text)) == std::string::npos;) {
+    while (mShown.find(text) == std::string::npos) {
       char buffer[4096];
       ssize_t size = ::read(mMaster, buffer, sizeof buffer);
       ASSERT_GT(size, 0) << "the terminal closed without " << text << " after " << mShown;
