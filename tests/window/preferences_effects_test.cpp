@@ -8,32 +8,13 @@
 
 #include "app/font_families.h"
 #include "app/held_modifiers.h"
-#include "tests/window/window_rig.h"
+#include "tests/window/preferences_rig.h"
 
 namespace zoka {
 namespace {
 
-class PreferencesEffects : public TWindowRig {
+class PreferencesEffects : public TPreferencesRig {
  protected:
-  PreferencesEffects() {
-    mApp->PostMessage(TMessage("_prf"));
-    EXPECT_TRUE(Until([this] {
-      return mApp->Preferences().PrefsWindow() && mApp->Preferences().PrefsWindow()->isVisible();
-    }));
-  }
-  TPrefsWindow& Dialog() { return *mApp->Preferences().PrefsWindow(); }
-  TPrefs& Prefs() { return *mEngine->Context().prefs; }
-  template <typename T>
-  T& Find(const char* name) {
-    T* found = Dialog().findChild<T*>(name);
-    if (found == nullptr) throw std::runtime_error(name);
-    return *found;
-  }
-  void Type(const char* name, const char* text) {
-    Find<QLineEdit>(name).clear();
-    QTest::keyClicks(&Find<QLineEdit>(name), text);
-  }
-  void Press(const char* name) { Find<QPushButton>(name).click(); }
   /// The page with that control is in front.
   void ShowPageOf(const char* name) {
     auto& tabs = Find<QTabWidget>("TabView");

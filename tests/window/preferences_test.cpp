@@ -3,33 +3,14 @@
 #include <QLabel>
 #include <QMenu>
 #include <QTabWidget>
-#include <stdexcept>
 
-#include "tests/window/window_rig.h"
+#include "tests/window/preferences_rig.h"
 
 namespace zoka {
 namespace {
 
-class TPreferencesTest : public TWindowRig {
+class TPreferencesTest : public TPreferencesRig {
  protected:
-  TPreferencesTest() {
-    mApp->PostMessage(TMessage("_prf"));
-    EXPECT_TRUE(Until([this] { return mApp->Preferences().PrefsWindow() != nullptr; }));
-    EXPECT_TRUE(Until([this] { return Dialog().isVisible(); }));
-  }
-  TPrefsWindow& Dialog() { return *mApp->Preferences().PrefsWindow(); }
-  TPrefs& Prefs() { return *mEngine->Context().prefs; }
-  template <typename T>
-  T& Find(const char* name) {
-    T* found = Dialog().findChild<T*>(name);
-    if (found == nullptr) throw std::runtime_error(name);
-    return *found;
-  }
-  void Type(const char* name, const char* text) {
-    Find<QLineEdit>(name).clear();
-    QTest::keyClicks(&Find<QLineEdit>(name), text);
-  }
-  void Press(const char* name) { Find<QPushButton>(name).click(); }
   std::string TextOf(const char* name) { return Find<QLineEdit>(name).text().toStdString(); }
 };
 
