@@ -33,6 +33,8 @@ class TCommonPrefs final : private QObject {
   /// Null while this application has never had the window.
   TIAPWindow* Window() { return mWindow.get(); }
   TIAPRole Role() const { return mPort.Role(); }
+  /// True from a wish for the window until its owner has answered or counts as silent.
+  bool IsAwaitingAnswer() const { return mAnswer.isActive(); }
   /// The application goes away, and with it the port.
   void CloseWindow() { mWindow.reset(); }
 

@@ -4,17 +4,15 @@
 #include <gtest/gtest.h>
 
 #include <QScreen>
-#include <QtTest/QTest>
 #include <thread>
 
 #include "app/settings/inter_app_prefs.h"
 #include "common/window/basic_view.h"
 #include "common/window/menu_label.h"
+#include "tests/window/waiting.h"
 
 namespace zoka {
 namespace {
-
-constexpr int WAIT_MS = 30'000;
 
 TEST(MessageQueue, HandlesInOrderAndHoldsBack) {
   std::vector<int32_t> seen;
@@ -41,7 +39,7 @@ TEST(MessageQueue, HandlesInOrderAndHoldsBack) {
   EXPECT_TRUE(seen.empty());
   queue.Release();
   post(3);
-  ASSERT_TRUE(QTest::qWaitFor([&] { return seen.size() == 3; }, WAIT_MS));
+  ASSERT_TRUE(until([&] { return seen.size() == 3; }));
   EXPECT_EQ(seen, (std::vector<int32_t>{1, 2, 3}));
 }
 
@@ -112,7 +110,7 @@ TEST_F(TWindowTest, MessagesReachAWindowByItsNumber) {
     int mCount = 0;
   } window(mContext);
   EXPECT_TRUE(mRegistry.Post(window.HandlerId(), TMessage(LANGUAGE_CHANGED_CODE)));
-  EXPECT_TRUE(QTest::qWaitFor([&] { return window.mCount == 1; }, WAIT_MS));
+  EXPECT_TRUE(until([&] { return window.mCount == 1; }));
 }
 
 TEST(BasicView, TellsClicksFromDrags) {

@@ -108,7 +108,7 @@ TEST(TEndSignalsProcess, TheApplicationEndsInOrder) {
   process.setProcessEnvironment(environment);
   process.start(ZOKA_BASIC_PROGRAM, QStringList());
   ASSERT_TRUE(process.waitForStarted(WAIT_MS));
-  ASSERT_TRUE(QTest::qWaitFor([&] { return catches_sigterm(process.processId()); }, WAIT_MS));
+  ASSERT_TRUE(until([&] { return catches_sigterm(process.processId()); }));
   process.terminate();
   ASSERT_TRUE(process.waitForFinished(WAIT_MS));
   EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);

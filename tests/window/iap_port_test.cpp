@@ -9,24 +9,17 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <QtTest/QTest>
-#include <functional>
 #include <memory>
 
 #include "app/settings/iap_board.h"
 #include "tests/support/temp_folder.h"
 #include "tests/window/port_process.h"
+#include "tests/window/waiting.h"
 
 namespace zoka {
 namespace {
 
-constexpr int WAIT_MS = 30'000;
 constexpr uid_t NOBODY = 65534;
-
-testing::AssertionResult until(const std::function<bool()>& condition) {
-  if (QTest::qWaitFor(condition, WAIT_MS)) return testing::AssertionSuccess();
-  return testing::AssertionFailure() << "waited in vain";
-}
 
 /// One application's end of the port, and what it was told.
 struct TEnd {
@@ -367,8 +360,10 @@ TEST_F(IAPPort, ASearchThatDoesNotEndCanBeGivenUp) {
   TEnd client(folder.Path());
   client.port.Search();
   client.port.Search();  // the second wish changes nothing
-  QTest::qWait(50);
+  // A refusal would be in the queue by now.
+  run_event_rounds();
   EXPECT_TRUE(client.roles.empty());
+  EXPECT_EQ(client.port.Role(), TIAPRole::None);
   client.port.GiveUp();
   EXPECT_EQ(client.port.Role(), TIAPRole::Alone);
   for (const int socket : waiting) close(socket);

@@ -8,10 +8,11 @@ namespace {
 
 class TKeyPictureTest : public TWindowRig {
  protected:
-  /// Counts the paintings of a widget until one has something in the first cell.
+  /// Counts the paintings of a widget until one has something in the first cell of a row.
   class TPaintings final : public QObject {
    public:
-    TPaintings(TRunWidget& widget, TRunView& view) : mWidget(widget), mView(view) {
+    TPaintings(TRunWidget& widget, TRunView& view, int32_t row)
+        : mWidget(widget), mView(view), mTop(row * CELL_HEIGHT) {
       mWidget.installEventFilter(this);
     }
     int count = 0;
@@ -27,16 +28,25 @@ class TKeyPictureTest : public TWindowRig {
     }
     bool IsCellLit() const {
       const std::lock_guard lock(mView.Lock());
-      for (int32_t y = 0; y < 16; ++y) {
-        for (int32_t x = 0; x < 8; ++x) {
-          if ((mView.Frame().Row(y)[x] & 0xFFFFFF) != 0) return true;
+      for (int32_t y = 0; y < CELL_HEIGHT; ++y) {
+        for (int32_t x = 0; x < CELL_WIDTH; ++x) {
+          if ((mView.Frame().Row(mTop + y)[x] & 0xFFFFFF) != 0) return true;
         }
       }
       return false;
     }
+    static constexpr int32_t CELL_WIDTH = 8, CELL_HEIGHT = 16;
     TRunWidget& mWidget;
     TRunView& mView;
+    int32_t mTop;  // of the row, in pixels
   };
+  /// What the program has drawn so far is painted, and nothing is left to paint.
+  void AwaitPainted(int32_t row) {
+    TPaintings paintings(Widget(), View(), row);
+    Widget().update();
+    ASSERT_TRUE(Until([&] { return paintings.isSeen; }));
+    run_event_rounds();
+  }
 };
 
 TEST_F(TKeyPictureTest, AKeyIsPaintedAtTheSecondPaintingAtTheLatest) {
@@ -45,9 +55,8 @@ TEST_F(TKeyPictureTest, AKeyIsPaintedAtTheSecondPaintingAtTheLatest) {
       "20 A$=INKEY$:IF A$=\"\" THEN 20\n"
       "30 PRINT A$;:GOTO 20\n",
       "waits");
-  // What was drawn before is painted.
-  QTest::qWait(100);
-  TPaintings paintings(Widget(), View());
+  AwaitPainted(5);
+  TPaintings paintings(Widget(), View(), 0);
   QTest::keyClick(&Widget(), Qt::Key_A);
   ASSERT_TRUE(Until([&] { return paintings.isSeen; }));
   EXPECT_LE(paintings.count, 2);

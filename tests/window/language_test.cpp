@@ -194,7 +194,7 @@ TEST_F(LanguageChange, OtherFormatsReachEveryLabelToo) {
                                                           "\x01"
                                                           "a - "));
   mApp->PostMessage(TMessage(IAP_CHANGED_CODE));
-  for (int i = 0; i < 5; ++i) QTest::qWait(0);
+  run_event_rounds();
   const auto has = [](const std::vector<TShownText>& texts, const char* text) {
     return std::any_of(texts.begin(), texts.end(),
                        [text](const TShownText& shown) { return shown.text == text; });

@@ -9,20 +9,17 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QTimer>
-#include <QtTest/QTest>
 #include <filesystem>
 
 #include "app/basic_app.h"
 #include "tests/support/temp_folder.h"
+#include "tests/window/waiting.h"
 
 namespace zoka {
 
 /// Nothing is started until Start is called.
 class TStartRig : public testing::Test {
  protected:
-  /// Longest wait for anything, in milliseconds; far beyond what a busy machine needs.
-  static constexpr int LONGEST_WAIT_MS = 30'000;
-
   TStartRig() {
     mPlace.root = mFolder.Path("settings");
     mDesktop.start = [this](const QString& program, const QStringList& arguments) {
@@ -73,8 +70,7 @@ class TStartRig : public testing::Test {
   std::string Title() { return Window().windowTitle().toStdString(); }
 
   static testing::AssertionResult Until(const std::function<bool()>& condition) {
-    if (QTest::qWaitFor(condition, LONGEST_WAIT_MS)) return testing::AssertionSuccess();
-    return testing::AssertionFailure() << "waited in vain";
+    return testing::AssertionResult(until(condition));
   }
   void Post(const TMessage& message) {
     Window().PostMessage(message);

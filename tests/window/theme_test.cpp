@@ -135,7 +135,7 @@ class ThemeChange : public TWalkRig {
     TMessage message(IAP_CHANGED_CODE);
     add_default_info(&message, THEME_ITEM);
     shared.NotifyToObservers(message);
-    for (int i = 0; i < 5; ++i) QTest::qWait(0);
+    run_event_rounds();
   }
 };
 

@@ -2,6 +2,7 @@
 // open one after the other in both languages.
 #pragma once
 
+#include "tests/window/waiting.h"
 #include "tests/window/walked_windows.h"
 #include "tests/window/window_rig.h"
 
@@ -22,7 +23,7 @@ class TWalkRig : private TWithoutPort, public TWindowRig {
   void Speak(TLanguage language) {
     mApp->SetLanguage(language);
     // The message of the change goes through the application to each window.
-    for (int i = 0; i < 5; ++i) QTest::qWait(0);
+    run_event_rounds();
     ASSERT_EQ(mEngine->Context().catalogue->Language(), language);
   }
   /// Opens each window in the language of now and looks at it.

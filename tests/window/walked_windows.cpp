@@ -4,15 +4,13 @@
 #include <QApplication>
 #include <QDialog>
 #include <QTabWidget>
-#include <QtTest/QTest>
 #include <thread>
 
 #include "app/settings/show_alert.h"
+#include "tests/window/waiting.h"
 
 namespace zoka {
 namespace {
-
-constexpr int WAIT_MS = 10'000;
 
 QWidget* if_visible(QWidget* window) {
   return window != nullptr && window->isVisible() ? window : nullptr;
@@ -158,11 +156,11 @@ const std::vector<TWalkedWindow>& walked_windows() {
 
 QWidget* open_walked_window(const TWalkedWindow& window, const TWalkedApp& app) {
   QWidget* opened = nullptr;
-  const bool came = QTest::qWaitFor(
-      [&] { return (opened = window.open(app)) != nullptr && opened->isVisible(); }, WAIT_MS);
+  const bool came =
+      until([&] { return (opened = window.open(app)) != nullptr && opened->isVisible(); });
   if (!came) return nullptr;
   opened->activateWindow();
-  QTest::qWait(0);
+  run_event_rounds();
   return opened;
 }
 
@@ -172,7 +170,7 @@ void close_walked_window(QWidget& window, const TWalkedApp& app) {
   } else if (&window != &app.app.MainWindow()) {
     window.hide();
   }
-  QTest::qWait(0);
+  run_event_rounds();
 }
 
 void for_each_page(QWidget& window, const std::function<void(const QString& page)>& look) {
@@ -180,7 +178,7 @@ void for_each_page(QWidget& window, const std::function<void(const QString& page
   if (tabs == nullptr) return look(QString());
   for (int page = 0; page < tabs->count(); ++page) {
     tabs->setCurrentIndex(page);
-    QTest::qWait(0);
+    run_event_rounds();
     look(tabs->tabText(page));
   }
 }

@@ -8,16 +8,13 @@
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QProcess>
-#include <QtTest/QTest>
 #include <functional>
 
 #include "app/basic_app.h"
 #include "tests/support/temp_folder.h"
+#include "tests/window/waiting.h"
 
 namespace zoka {
-
-/// Longest wait for anything, in milliseconds; far beyond what a busy machine needs.
-constexpr int WAIT_MS = 30'000;
 
 /// The application, its windows shown, in English, with settings in a folder that goes with it.
 class TWindowRig : public testing::Test {
@@ -38,8 +35,7 @@ class TWindowRig : public testing::Test {
 
   /// Waits on the event loop; a failed wait fails the test.
   static testing::AssertionResult Until(const std::function<bool()>& condition) {
-    if (QTest::qWaitFor(condition, WAIT_MS)) return testing::AssertionSuccess();
-    return testing::AssertionFailure() << "waited in vain";
+    return testing::AssertionResult(until(condition));
   }
   bool IsIdle() { return Document().State() == TDocumentState::Idle; }
   bool Shows(const std::string& text) { return Screen().find(text) != std::string::npos; }
