@@ -11,13 +11,11 @@
 #include <string_view>
 #include <utility>
 
-#include "app/settings/exit_states.h"
-#include "app/settings/prefs.h"
 #include "common/alert.h"
-#include "common/context.h"
 #include "editor/list_document.h"
 #include "run/key_feeder.h"
 #include "run/run_view.h"
+#include "tests/support/test_engine.h"
 
 namespace zoka {
 
@@ -73,30 +71,26 @@ class TFuzzInput {
 };
 
 /// An engine for one input. The calling thread is the host's.
-class TFuzzEngine {
+class TFuzzEngine : private TTestEngine {
  public:
   TFuzzEngine() {
-    mContext.clock = mClock.get();
-    mContext.catalogue = &mCatalogue;
-    mContext.prefs = &mPrefs;
-    mContext.exitStates = &mExitStates;
-    mContext.alertHost = &mAlerts;
-    mView = std::make_unique<TRunView>(mContext, mHost);
+    context.alertHost = &mAlerts;
+    mView = std::make_unique<TRunView>(context, mHost);
     mView->SetMemoryLimit(FUZZ_MEMORY);
-    mDocument = std::make_unique<TListDocument>(mContext, *mView, mText, mDocumentHost);
-    mFeeder = std::make_unique<TKeyFeeder>(*mClock, *mView);
+    mDocument = std::make_unique<TListDocument>(context, *mView, mText, mDocumentHost);
+    mFeeder = std::make_unique<TKeyFeeder>(*clock, *mView);
     mView->SetKeyFeeder(mFeeder.get());
-    mLimit = mClock->StartTimer(FUZZ_RUN_TIME, true, [this] { mView->ForceStop(); });
+    mLimit = clock->StartTimer(FUZZ_RUN_TIME, true, [this] { mView->ForceStop(); });
   }
   ~TFuzzEngine() {
-    mClock->CancelTimer(mLimit);
+    clock->CancelTimer(mLimit);
     mView->QuitBasic();
   }
   TFuzzEngine(const TFuzzEngine&) = delete;
   TFuzzEngine& operator=(const TFuzzEngine&) = delete;
 
   /// The mode that lists are compiled and run for: COMPAT_DISK or COMPAT_DOS.
-  void SetCompatMode(int32_t mode) { mPrefs.CmpM.store(mode); }
+  void SetCompatMode(int32_t mode) { prefs.CmpM.store(mode); }
 
   /// Keys that are typed while the list runs; what waits for more is stopped.
   void Type(std::deque<TFeedItem> keys) {
@@ -131,13 +125,8 @@ class TFuzzEngine {
     int ShowAlert(const TAlert&, TThread*) override { return 0; }
   };
 
-  std::unique_ptr<TClock> mClock = make_simulated_clock();
-  TCatalogue mCatalogue{TLanguage::Keys};
-  TPrefs mPrefs;
-  TExitStates mExitStates{nullptr};
   TSilence mAlerts;
   TRunHost mHost;
-  TEngineContext mContext;
   std::unique_ptr<TRunView> mView;
   TStringText mText;
   TDocumentHost mDocumentHost;

@@ -10,15 +10,12 @@
 #include <string_view>
 #include <vector>
 
-#include "app/settings/prefs.h"
 #include "common/alert.h"
-#include "common/catalogue.h"
-#include "common/clock.h"
-#include "common/context.h"
 #include "common/thread.h"
 #include "compiler/compiler.h"
 #include "core/code_listing.h"
 #include "core/mid_code.h"
+#include "tests/support/test_engine.h"
 
 namespace zoka::test {
 
@@ -47,15 +44,10 @@ inline void run_on_engine_stack(std::function<void()> fn) {
   pthread_attr_destroy(&attributes);
 }
 
-/// An engine's surroundings and one image. Messages are shown as their keys.
-class TCompiling {
+/// An engine's surroundings and one image.
+class TCompiling : public TTestEngine {
  public:
-  TCompiling() {
-    context.clock = clock.get();
-    context.catalogue = &catalogue;
-    context.prefs = &prefs;
-    context.alertHost = &recorder;
-  }
+  TCompiling() { context.alertHost = &recorder; }
 
   /// Compiles into the emptied image.
   TCompileResult Compile(const std::string& source) {
@@ -69,11 +61,7 @@ class TCompiling {
     return result;
   }
 
-  std::unique_ptr<TClock> clock = make_simulated_clock();
-  TCatalogue catalogue{TLanguage::Keys};
-  TPrefs prefs;
   TAlertRecorder recorder;
-  TEngineContext context;
   TMidCode code;
   std::atomic<bool> cancel{false};
   TCompileResult result = TCompileResult::Empty;

@@ -13,26 +13,23 @@
 #include <string>
 #include <vector>
 
-#include "app/settings/prefs.h"
 #include "compiler/compiler.h"
 #include "debugger/debug_model.h"
 #include "debugger/debugger.h"
+#include "tests/support/test_engine.h"
 #include "tests/unit/vm/machine_rig.h"
 
 namespace zoka {
 
 /// A debugged run of one list; the run's number is 1.
-class TDebugRig final : public TDebugModelHost {
+class TDebugRig final : public TTestEngine, public TDebugModelHost {
  public:
   static constexpr int32_t ENDED = -1;
   static constexpr int64_t RUN = 1;
 
   explicit TDebugRig(const char* list, bool breakAtStart = false)
-      : clock(make_simulated_clock()), inputs(*clock), rsrc(*clock), model(context, *this) {
-    context.clock = clock.get();
-    context.catalogue = &catalogue;
+      : inputs(*clock), rsrc(*clock), model(context, *this) {
     context.alertHost = &alertLog;
-    context.prefs = &prefs;
     prefs.BrkS.store(breakAtStart);
     int32_t mode = 0;
     TCompiler compiler(context, &code);
@@ -101,10 +98,6 @@ class TDebugRig final : public TDebugModelHost {
   std::string Value(const std::string& name) { return model.VarRow(Item(name)).value; }
   TVarInfo& Var(const std::string& name) { return *code.FindVar(name); }
 
-  std::unique_ptr<TClock> clock;
-  TCatalogue catalogue{TLanguage::Keys};
-  TEngineContext context;
-  TPrefs prefs{nullptr};
   TAlertLog alertLog;
   THostLog host;
   TTestInputs inputs;

@@ -5,12 +5,11 @@
 #include <memory>
 #include <mutex>
 
-#include "app/settings/exit_states.h"
-#include "app/settings/prefs.h"
 #include "debugger/debug_model.h"
 #include "debugger/debugger.h"
 #include "editor/list_document.h"
 #include "run/run_view.h"
+#include "tests/support/test_engine.h"
 
 namespace zoka {
 namespace {
@@ -18,13 +17,12 @@ namespace {
 using TLines = std::vector<std::string>;
 
 /// A document, its run view and a model, all without windows.
-class TDesk final : public TDebugModelHost, public TDocumentHost, public TRunHost {
+class TDesk final : public TTestEngine,
+                    public TDebugModelHost,
+                    public TDocumentHost,
+                    public TRunHost {
  public:
-  TDesk() : clock(make_simulated_clock()), model(context, *this) {
-    context.clock = clock.get();
-    context.catalogue = &catalogue;
-    context.prefs = &prefs;
-    context.exitStates = &exitStates;
+  TDesk() : model(context, *this) {
     exitStates.UDbg.store(true);
     prefs.BrkS.store(false);
     prefs.ASBR.store(false);
@@ -62,11 +60,6 @@ class TDesk final : public TDebugModelHost, public TDocumentHost, public TRunHos
     }
   }
 
-  std::unique_ptr<TClock> clock;
-  TCatalogue catalogue{TLanguage::Keys};
-  TEngineContext context;
-  TPrefs prefs{nullptr};
-  TExitStates exitStates{nullptr};
   TDebugModel model;
   TStringText text;
   std::unique_ptr<TRunView> view;

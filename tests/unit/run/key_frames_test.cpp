@@ -21,13 +21,9 @@ class TFrameHost final : public TRunHost, public TAlertHost {
   std::atomic<int> presented{0};
 };
 
-class KeyFrames : public testing::TestWithParam<const char*> {
+class KeyFrames : public TTestEngine, public testing::TestWithParam<const char*> {
  protected:
   KeyFrames() {
-    context.clock = clock.get();
-    context.catalogue = &catalogue;
-    context.prefs = &prefs;
-    context.exitStates = &exitStates;
     context.alertHost = &host;
     view = std::make_unique<TRunView>(context, host);
   }
@@ -50,12 +46,7 @@ class KeyFrames : public testing::TestWithParam<const char*> {
     if (frame == FRAMES) view->ForceStop();
   }
 
-  std::unique_ptr<TClock> clock = make_simulated_clock();
-  TCatalogue catalogue{TLanguage::Keys};
-  TPrefs prefs;
-  TExitStates exitStates;
   TFrameHost host;
-  TEngineContext context;
   std::unique_ptr<TRunView> view;
   int frame = 0;
   int shownAt = 0;  // the frame whose picture shows the key first

@@ -9,10 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "app/settings/exit_states.h"
-#include "app/settings/prefs.h"
-#include "common/context.h"
 #include "run/run_view.h"
+#include "tests/support/test_engine.h"
 
 namespace zoka {
 
@@ -44,14 +42,10 @@ class TRunLog final : public TRunHost, public TAlertHost {
 };
 
 /// An engine with a run view, by default on a simulated clock.
-class TRunRig {
+class TRunRig : public TTestEngine {
  public:
   explicit TRunRig(std::unique_ptr<TClock> clockToUse = make_simulated_clock())
-      : clock(std::move(clockToUse)), catalogue(TLanguage::Keys) {
-    context.clock = clock.get();
-    context.catalogue = &catalogue;
-    context.prefs = &prefs;
-    context.exitStates = &exitStates;
+      : TTestEngine(std::move(clockToUse)) {
     context.alertHost = &host;
     view = std::make_unique<TRunView>(context, host);
   }
@@ -79,12 +73,7 @@ class TRunRig {
     return rows;
   }
 
-  std::unique_ptr<TClock> clock;
-  TCatalogue catalogue;
-  TPrefs prefs;
-  TExitStates exitStates;
   TRunLog host;
-  TEngineContext context;
   std::unique_ptr<TRunView> view;
 };
 

@@ -10,9 +10,9 @@
 #include <string>
 #include <vector>
 
-#include "common/context.h"
 #include "core/mid_code.h"
 #include "run/screen/basic_rsrc.h"
+#include "tests/support/test_engine.h"
 #include "vm/vmachine.h"
 
 namespace zoka {
@@ -85,12 +85,9 @@ class TTestInputs final : public TRunInputs {
 };
 
 /// An engine, a program and its machine. Programs are built record by record; index 1 is the first.
-class TMachineRig {
+class TMachineRig : public TTestEngine {
  public:
-  TMachineRig()
-      : clock(make_simulated_clock()), catalogue(TLanguage::Keys), inputs(*clock), rsrc(*clock) {
-    context.clock = clock.get();
-    context.catalogue = &catalogue;
+  TMachineRig() : inputs(*clock), rsrc(*clock) {
     context.alertHost = &alertLog;
     code.mCodes.emplace_back();  // the sentinel
   }
@@ -224,9 +221,6 @@ class TMachineRig {
     for (TStackData& value : taken) value.Release();
   }
 
-  std::unique_ptr<TClock> clock;
-  TCatalogue catalogue;
-  TEngineContext context;
   TAlertLog alertLog;
   THostLog host;
   TTestInputs inputs;
