@@ -1,10 +1,8 @@
 // Comparisons of texts and pictures that end in a sentence for people.
-#include <png.h>
-
 #include <cstdio>
-#include <stdexcept>
 
 #include "tests/run_lang/lang_run.h"
+#include "tests/support/png_picture.h"
 
 namespace zoka {
 
@@ -38,34 +36,12 @@ std::string next_line(const std::string& text, size_t& pos) {
   return '|' + visible(line) + (complete ? "|" : "| without a line end");
 }
 
-struct TPicture {
-  png_uint_32 width = 0;
-  png_uint_32 height = 0;
-  std::vector<png_byte> rgb;
-};
-
-TPicture read_picture(const std::filesystem::path& path) {
-  png_image image = {};
-  image.version = PNG_IMAGE_VERSION;
-  if (png_image_begin_read_from_file(&image, path.c_str()) == 0) {
-    throw std::runtime_error(path.string() + ": " + image.message);
-  }
-  image.format = PNG_FORMAT_RGB;
-  TPicture picture = {image.width, image.height, std::vector<png_byte>(PNG_IMAGE_SIZE(image))};
-  if (png_image_finish_read(&image, nullptr, picture.rgb.data(), 0, nullptr) == 0) {
-    throw std::runtime_error(path.string() + ": " + image.message);
-  }
-  return picture;
-}
-
 std::string describe_pixel(const TPicture& expected, const TPicture& actual, size_t pixel) {
-  const png_byte* want = &expected.rgb[pixel * 3];
-  const png_byte* have = &actual.rgb[pixel * 3];
   char text[96];
-  std::snprintf(text, sizeof text, "pixel %zu,%zu: expected #%02X%02X%02X, is #%02X%02X%02X",
-                pixel % expected.width, pixel / expected.width, unsigned{want[0]},
-                unsigned{want[1]}, unsigned{want[2]}, unsigned{have[0]}, unsigned{have[1]},
-                unsigned{have[2]});
+  std::snprintf(text, sizeof text, "pixel %zu,%zu: expected #%06X, is #%06X",
+                pixel % expected.width, pixel / expected.width,
+                unsigned{expected.pixels[pixel] & 0xFFFFFF},
+                unsigned{actual.pixels[pixel] & 0xFFFFFF});
   return text;
 }
 
@@ -94,10 +70,8 @@ std::string compare_pictures(const std::filesystem::path& expected,
     return "expected " + std::to_string(want.width) + " by " + std::to_string(want.height) +
            " pixels, is " + std::to_string(have.width) + " by " + std::to_string(have.height);
   }
-  for (size_t pixel = 0; pixel < want.rgb.size() / 3; ++pixel) {
-    if (!std::equal(&want.rgb[pixel * 3], &want.rgb[pixel * 3] + 3, &have.rgb[pixel * 3])) {
-      return describe_pixel(want, have, pixel);
-    }
+  for (size_t pixel = 0; pixel < want.pixels.size(); ++pixel) {
+    if (want.pixels[pixel] != have.pixels[pixel]) return describe_pixel(want, have, pixel);
   }
   return "";
 }

@@ -10,7 +10,7 @@
 
 #include "app/settings/exit_states.h"
 #include "common/file_path.h"
-#include "run/screen/png_file.h"
+#include "tests/support/png_picture.h"
 #include "tests/window/window_rig.h"
 
 namespace zoka {
@@ -26,8 +26,8 @@ constexpr const char PICTURE[] = R"(10 SCREEN 3:CLS 3:WIDTH 80,25
 )";
 
 void compare_pictures(const TFrameBuffer& frame, const TPicture& expected) {
-  ASSERT_EQ(expected.width, SCREEN_WIDTH);
-  ASSERT_EQ(expected.height, SCREEN_HEIGHT);
+  ASSERT_EQ(expected.width, size_t{SCREEN_WIDTH});
+  ASSERT_EQ(expected.height, size_t{SCREEN_HEIGHT});
   for (int32_t y = 0; y < SCREEN_HEIGHT; ++y) {
     for (int32_t x = 0; x < SCREEN_WIDTH; ++x) {
       const size_t at = static_cast<size_t>(y) * SCREEN_WIDTH + static_cast<size_t>(x);
@@ -45,8 +45,7 @@ TEST_F(TRunWindowTest, ShowsTheSamePictureAsAScreenshot) {
                  QString::fromStdString(mFolder.Path("test.bas"))});
   ASSERT_TRUE(console.waitForFinished(WAIT_MS));
   ASSERT_EQ(console.exitCode(), 0) << console.readAllStandardError().toStdString();
-  TPicture expected;
-  ASSERT_TRUE(read_png(png, &expected));
+  const TPicture expected = read_picture(png);
   View().FlushScreen();
   compare_pictures(View().Frame(), expected);
 
