@@ -3,25 +3,42 @@
 include(GNUInstallDirs)
 
 set(packaging ${CMAKE_SOURCE_DIR}/packaging)
+set(packed ${CMAKE_BINARY_DIR}/packaging)
+file(MAKE_DIRECTORY ${packed})
+find_program(GZIP gzip)
+
+# Who makes packages answers for them, by Debian's own variables.
+if(DEFINED ENV{DEBEMAIL})
+  set(CPACK_PACKAGE_CONTACT "$ENV{DEBFULLNAME} <$ENV{DEBEMAIL}>")
+else()
+  set(CPACK_PACKAGE_CONTACT "Zoka-BASIC developers <developers@zoka-basic.example.org>")
+endif()
+configure_file(${packaging}/changelog.in ${packed}/changelog @ONLY)
+
+# zoka_compress(FILE): makes FILE.gz of it in the folder `packed`.
+function(zoka_compress file)
+  get_filename_component(name ${file} NAME)
+  add_custom_command(
+    OUTPUT ${packed}/${name}.gz
+    COMMAND ${GZIP} -9nc ${file} > ${packed}/${name}.gz
+    DEPENDS ${file}
+    VERBATIM)
+  add_custom_target(compressed-${name} ALL DEPENDS ${packed}/${name}.gz)
+endfunction()
+
+zoka_compress(${packed}/changelog)
 
 # zoka_install_docs(COMPONENT): what Debian wants of each package.
 function(zoka_install_docs component)
-  install(FILES ${CMAKE_SOURCE_DIR}/README.md ${packaging}/copyright
+  install(FILES ${CMAKE_SOURCE_DIR}/README.md ${packaging}/copyright ${packed}/changelog.gz
           DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${component} COMPONENT ${component})
 endfunction()
 
 # zoka_install_manual(COMPONENT): packaging/COMPONENT.1, compressed.
 function(zoka_install_manual component)
-  find_program(GZIP gzip)
-  set(manual ${CMAKE_BINARY_DIR}/packaging/${component}.1.gz)
-  add_custom_command(
-    OUTPUT ${manual}
-    COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/packaging
-    COMMAND ${GZIP} -9nc ${packaging}/${component}.1 > ${manual}
-    DEPENDS ${packaging}/${component}.1
-    VERBATIM)
-  add_custom_target(manual-${component} ALL DEPENDS ${manual})
-  install(FILES ${manual} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT ${component})
+  zoka_compress(${packaging}/${component}.1)
+  install(FILES ${packed}/${component}.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1
+          COMPONENT ${component})
 endfunction()
 
 set(CPACK_COMPONENTS_ALL zoka zoka-basic-data)
@@ -48,7 +65,6 @@ install(DIRECTORY ${CMAKE_SOURCE_DIR}/docs/help
 zoka_install_docs(zoka-basic-data)
 
 set(CPACK_GENERATOR DEB)
-set(CPACK_PACKAGE_CONTACT "Zoka-BASIC developers <zoka-basic@localhost>")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEB_COMPONENT_INSTALL ON)

@@ -25,12 +25,6 @@ constexpr bigtime_t add_times(bigtime_t time, bigtime_t span) {
   return span > FOREVER - time ? FOREVER : time + span;
 }
 
-/// A timer's delay as it is used: never negative, and at least one microsecond where it repeats,
-/// since else no time would ever pass between its rounds.
-constexpr bigtime_t clean_delay(bigtime_t delay, bool repeat) {
-  return std::max<bigtime_t>(delay, repeat ? 1 : 0);
-}
-
 /// Waits until `flag` is set or the host's time reaches `deadline`. True if the flag was set; it is
 /// cleared. `lock` guards the flag.
 inline bool host_wait(std::unique_lock<std::mutex>& lock, std::condition_variable& changed,

@@ -40,7 +40,8 @@ void do_in_crash(std::initializer_list<TLastAct> acts) {
   }
   struct sigaction action = {};
   action.sa_sigaction = die;
-  action.sa_flags = SA_SIGINFO;
+  // On a thread without a stack for signals it is the thread's own that is used.
+  action.sa_flags = SA_SIGINFO | SA_ONSTACK;
   sigemptyset(&action.sa_mask);
   for (size_t i = 0; i < FATAL_SIGNAL_COUNT; ++i) {
     ::sigaction(FATAL_SIGNALS[i], &action, &gFormerActions[i]);

@@ -13,7 +13,9 @@ using TLastAct = void (*)();
 constexpr int MAX_LAST_ACTS = 4;
 
 /// Does `acts`, in this order, when SIGSEGV, SIGBUS, SIGFPE, SIGILL or SIGABRT ends the process,
-/// which then dies by that signal as it would have anyway. Once a process, before it has threads.
+/// which then dies by that signal as it would have anyway. They are done for an overflow of the
+/// stack, too, on threads with a TSignalStack: those of the engine. Once a process, before it has
+/// threads.
 void do_in_crash(std::initializer_list<TLastAct> acts);
 
 }  // namespace zoka

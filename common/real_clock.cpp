@@ -3,10 +3,9 @@
 #include <ctime>
 #include <map>
 #include <thread>
-#include <tuple>
 #include <unordered_map>
 
-#include "common/clock.h"
+#include "common/clock_timer.h"
 #include "common/host_wait.h"
 
 namespace zoka {
@@ -36,17 +35,9 @@ class TRealClock final : public TClock {
   void ForgetWake(TWake& wake) override;
 
  private:
-  using TKey = std::tuple<bigtime_t, TActorClass, uint64_t>;
   using TGuard = std::unique_lock<std::mutex>;
-  struct TTimer {
-    TKey key;
-    bigtime_t delay = 0;
-    bool repeat = false;
-    TActorClass order = TActorClass::Timer;
-    std::function<void()> fn;
-  };
 
-  void Enqueue(TTimerId id, TTimer& timer, bigtime_t when);
+  void Enqueue(TTimerId id, TClockTimer& timer, bigtime_t when);
   void RunTimers();
   void Fire(TGuard& lock);
   void AwaitNextTimer(TGuard& lock);
@@ -56,8 +47,8 @@ class TRealClock final : public TClock {
   std::mutex mLock;
   std::condition_variable mTimersChanged;
   std::condition_variable mFired;
-  std::map<TKey, TTimerId> mQueue;
-  std::unordered_map<TTimerId, std::shared_ptr<TTimer>> mTimers;
+  std::map<TClockKey, TTimerId> mQueue;
+  std::unordered_map<TTimerId, std::shared_ptr<TClockTimer>> mTimers;
   TTimerId mLastId = 0;
   uint64_t mLastSerial = 0;
   TTimerId mFiring = 0;
@@ -100,7 +91,7 @@ void TRealClock::ForgetWake(TWake&) {
   TGuard lock(mLock);
 }
 
-void TRealClock::Enqueue(TTimerId id, TTimer& timer, bigtime_t when) {
+void TRealClock::Enqueue(TTimerId id, TClockTimer& timer, bigtime_t when) {
   timer.key = {when, timer.order, ++mLastSerial};
   mQueue.emplace(timer.key, id);
 }
@@ -108,11 +99,7 @@ void TRealClock::Enqueue(TTimerId id, TTimer& timer, bigtime_t when) {
 TTimerId TRealClock::StartTimer(bigtime_t delay, bool repeat, std::function<void()> fn,
                                 TActorClass order) {
   TGuard lock(mLock);
-  auto timer = std::make_shared<TTimer>();
-  timer->delay = clean_delay(delay, repeat);
-  timer->repeat = repeat;
-  timer->order = order;
-  timer->fn = std::move(fn);
+  auto timer = std::make_shared<TClockTimer>(delay, repeat, std::move(fn), order);
   const TTimerId id = ++mLastId;
   Enqueue(id, *timer, add_times(host_time(), timer->delay));
   mTimers.emplace(id, std::move(timer));

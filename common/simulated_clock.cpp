@@ -3,10 +3,9 @@
 #include <limits>
 #include <map>
 #include <thread>
-#include <tuple>
 #include <unordered_map>
 
-#include "common/clock.h"
+#include "common/clock_timer.h"
 #include "common/host_wait.h"
 
 namespace zoka {
@@ -16,16 +15,13 @@ namespace {
 /// What one poll costs.
 constexpr bigtime_t POLL_TIME = 100;
 
-/// Place in the queue: time, who comes first at the same time, serial number.
-using TKey = std::tuple<bigtime_t, TActorClass, uint64_t>;
-
 /// A thread that takes part, from its PrepareThread to its LeaveThread.
 struct TActor {
   uint64_t token = 0;
   TClock* clock = nullptr;
   TActorClass order = TActorClass::Machine;
   std::condition_variable turn;
-  TKey key;
+  TClockKey key;
   bool queued = false;
   bool entered = false;
   bool realWait = false;
@@ -64,13 +60,6 @@ class TSimulatedClock final : public TClock {
 
  private:
   using TGuard = std::unique_lock<std::mutex>;
-  struct TTimer {
-    TKey key;
-    bigtime_t delay = 0;
-    bool repeat = false;
-    TActorClass order = TActorClass::Timer;
-    std::function<void()> fn;
-  };
   /// Either a thread or a timer.
   struct TEvent {
     TActor* actor = nullptr;
@@ -79,9 +68,9 @@ class TSimulatedClock final : public TClock {
 
   /// The calling thread's part in this clock, or null.
   TActor* Self() const { return gActor && gActor->clock == this ? gActor : nullptr; }
-  TKey Enqueue(bigtime_t when, TActorClass order, TEvent event);
+  TClockKey Enqueue(bigtime_t when, TActorClass order, TEvent event);
   void EnqueueActor(TActor& actor, bigtime_t when, TActorClass order);
-  void Dequeue(const TKey& key);
+  void Dequeue(const TClockKey& key);
   void PublishNextTime();
   bool HostWait(TGuard& lock, bigtime_t deadline, TWake& wake);
   void GiveWay(TGuard& lock, TActor& self);
@@ -96,9 +85,9 @@ class TSimulatedClock final : public TClock {
   std::atomic<bigtime_t> mNextTime{FOREVER};
 
   std::mutex mLock;
-  std::map<TKey, TEvent> mQueue;
+  std::map<TClockKey, TEvent> mQueue;
   std::map<uint64_t, std::unique_ptr<TActor>> mActors;
-  std::unordered_map<TTimerId, std::shared_ptr<TTimer>> mTimers;
+  std::unordered_map<TTimerId, std::shared_ptr<TClockTimer>> mTimers;
   std::condition_variable mFired;
   TActor* mRunning = nullptr;  // who has the turn
   bool mDispatching = false;   // a timer's function runs; nobody has the turn
@@ -114,8 +103,8 @@ TLocalTime TSimulatedClock::local_time() {
   return local_time_after(mStart, system_time());
 }
 
-TKey TSimulatedClock::Enqueue(bigtime_t when, TActorClass order, TEvent event) {
-  const TKey key{when, order, ++mLastSerial};
+TClockKey TSimulatedClock::Enqueue(bigtime_t when, TActorClass order, TEvent event) {
+  const TClockKey key{when, order, ++mLastSerial};
   mQueue.emplace(key, event);
   PublishNextTime();
   return key;
@@ -126,7 +115,7 @@ void TSimulatedClock::EnqueueActor(TActor& actor, bigtime_t when, TActorClass or
   actor.queued = true;
 }
 
-void TSimulatedClock::Dequeue(const TKey& key) {
+void TSimulatedClock::Dequeue(const TClockKey& key) {
   mQueue.erase(key);
   PublishNextTime();
 }
@@ -252,11 +241,7 @@ void TSimulatedClock::Kick() {
 TTimerId TSimulatedClock::StartTimer(bigtime_t delay, bool repeat, std::function<void()> fn,
                                      TActorClass order) {
   TGuard lock(mLock);
-  auto timer = std::make_shared<TTimer>();
-  timer->delay = clean_delay(delay, repeat);
-  timer->repeat = repeat;
-  timer->order = order;
-  timer->fn = std::move(fn);
+  auto timer = std::make_shared<TClockTimer>(delay, repeat, std::move(fn), order);
   const TTimerId id = ++mLastTimer;
   timer->key = Enqueue(add_times(system_time(), timer->delay), order, {nullptr, id});
   mTimers.emplace(id, std::move(timer));

@@ -3,6 +3,8 @@
 
 #include <sched.h>
 
+#include "common/signal_stack.h"
+
 namespace zoka {
 
 namespace {
@@ -59,6 +61,8 @@ void* TThread::SpawnThread(void* self) {
   auto* thread = static_cast<TThread*>(self);
   pthread_setname_np(pthread_self(), thread->mName.substr(0, MAX_THREAD_NAME).c_str());
   wish_priority(thread->mPriority);
+  // Should the stack be used up, what a crash still does needs room elsewhere.
+  const TSignalStack signalStack;
   thread->mClock.EnterThread(thread->mToken);
   thread->mResult = thread->Execute();
   thread->mClock.LeaveThread();

@@ -8,7 +8,10 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <string_view>
+
+#include "common/thread.h"
 
 namespace zoka {
 namespace {
@@ -31,6 +34,27 @@ void write_nowhere() {
   // A fault is wanted. NOLINTNEXTLINE(performance-no-int-to-ptr)
   *reinterpret_cast<volatile int*>(nowhere) = 1;
 }
+
+// Deeper and deeper, in steps smaller than the page that guards the end of a stack.
+int recurse(const volatile bool& isEnough) {
+  char bytes[2048];
+  std::memset(bytes, isEnough ? 1 : 2, sizeof bytes);
+  const volatile char* const used = bytes;
+  if (isEnough) return used[0];
+  return recurse(isEnough) + used[sizeof bytes - 1];
+}
+
+/// A thread of the engine that uses up its stack.
+class TDeepThread final : public TThread {
+ public:
+  explicit TDeepThread(TClock& clock) : TThread("Deep", 15, clock, TActorClass::Machine) {}
+
+ protected:
+  int32_t Execute() override {
+    const volatile bool never = false;
+    return recurse(never);
+  }
+};
 
 class LastActs : public testing::Test {
  protected:
@@ -63,6 +87,18 @@ TEST_F(LastActs, AreDoneForAFaultOfTheProgram) {
         write_nowhere();
       },
       "^first ");
+}
+
+TEST_F(LastActs, AreDoneWhenAnEngineThreadHasNoStackLeft) {
+  EXPECT_DEATH(
+      {
+        do_in_crash({say_first, say_second});
+        const auto clock = make_simulated_clock();
+        TDeepThread thread(*clock);
+        thread.Resume();
+        thread.Wait(nullptr);
+      },
+      "^first second");
 }
 
 TEST_F(LastActs, AFaultInsideThemKillsAtOnce) {
