@@ -1,4 +1,4 @@
-// What both clocks and the lock of the window need: sums of times, and a wait in real time on a
+// What the clocks and the locks need of the host: sums of times, and a wait in real time on a
 // condition. Nothing else includes this.
 #pragma once
 

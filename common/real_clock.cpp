@@ -5,6 +5,7 @@
 #include <thread>
 #include <unordered_map>
 
+#include "common/clock.h"
 #include "common/clock_timer.h"
 #include "common/host_wait.h"
 
