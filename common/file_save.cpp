@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "common/file_path.h"
+#include "common/write_all.h"
 
 namespace zoka {
 
@@ -53,16 +54,6 @@ bool resolve_links(std::string* path) {
     *path = link.starts_with('/') ? link : extract_file_folder_path_kernel(*path) + "/" + link;
   }
   return false;
-}
-
-bool write_all(int fd, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = write(fd, bytes.data(), bytes.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) return false;
-    bytes.remove_prefix(static_cast<size_t>(written));
-  }
-  return true;
 }
 
 /// Copies one attribute. Those outside of "user." belong to the system, which may keep them to

@@ -53,8 +53,8 @@ void THandlerRegistry::EndPosting(uint32_t id) {
 }
 
 int32_t add_next_msg(TMessage* message, const TMessage& next, THandlerId target) {
-  message->AddMessage("NextMsg", next);
-  message->AddHandler("NextMsgTgt", target);
+  message->AddMessage(NEXT_MSG, next);
+  message->AddHandler(NEXT_MSG_TGT, target);
   return 0;
 }
 

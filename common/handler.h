@@ -46,8 +46,11 @@ class THandlerRegistry {
   uint32_t mLastId = 0;
 };
 
-/// Adds the continuation of a request: `next` under "NextMsg", its handler under "NextMsgTgt".
-/// Returns 0.
+/// Fields of a request that goes on behind another: its message, and that message's handler.
+constexpr const char NEXT_MSG[] = "NextMsg";
+constexpr const char NEXT_MSG_TGT[] = "NextMsgTgt";
+
+/// Adds the continuation of a request to it. Returns 0.
 int32_t add_next_msg(TMessage* message, const TMessage& next, THandlerId target);
 
 }  // namespace zoka

@@ -44,7 +44,7 @@ class TMessage {
     std::vector<TValue> values;  // all of one type
   };
 
-  /// Nesting and size bounds of the flat form; beyond them Unflatten refuses.
+  /// Messages within messages, at most; beyond that Unflatten refuses.
   static constexpr int MAX_NESTING = 16;
 
   uint32_t what = 0;

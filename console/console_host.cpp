@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <utility>
 
+#include "common/write_all.h"
 #include "run/screen/basic_rsrc.h"
 
 namespace zoka {
@@ -15,16 +16,6 @@ namespace {
 constexpr size_t MAX_PENDING_BYTES = 1 << 16;
 
 }  // namespace
-
-bool write_all(int fd, std::string_view bytes) {
-  while (!bytes.empty()) {
-    ssize_t written = ::write(fd, bytes.data(), bytes.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return false;
-    bytes.remove_prefix(static_cast<size_t>(written));
-  }
-  return true;
-}
 
 void TConsoleHost::TranscriptRow(std::string_view row) {
   std::lock_guard lock(mMutex);

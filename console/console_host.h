@@ -53,7 +53,4 @@ class TConsoleHost final : public TRunHost, public TAlertHost {
   std::function<void()> mOnFailure;
 };
 
-/// Writes all bytes to a file descriptor; false with errno set if it cannot.
-bool write_all(int fd, std::string_view bytes);
-
 }  // namespace zoka

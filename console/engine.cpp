@@ -5,6 +5,8 @@
 
 #include <cerrno>
 
+#include "common/write_all.h"
+
 namespace zoka {
 namespace {
 

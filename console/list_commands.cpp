@@ -3,6 +3,7 @@
 
 #include <cerrno>
 
+#include "common/write_all.h"
 #include "console/commands.h"
 #include "console/engine.h"
 #include "console/watch.h"

@@ -4,8 +4,8 @@
 
 #include "common/context.h"
 #include "common/last_acts.h"
+#include "common/write_all.h"
 #include "console/commands.h"
-#include "console/console_host.h"
 #include "console/terminal.h"
 #include "sound/alsa_client.h"
 

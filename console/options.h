@@ -9,6 +9,7 @@
 
 #include "common/catalogue.h"
 #include "common/clock.h"
+#include "editor/renumber.h"
 
 namespace zoka {
 
@@ -53,9 +54,9 @@ struct TOptions {
   std::optional<TLocalTime> clock;
   bool boot = false;
   bool plain = false;
-  int32_t newLine = 10;
+  int32_t newLine = DEFAULT_NEW_LINE;
   int32_t oldLine = 1;
-  int32_t step = 10;
+  int32_t step = DEFAULT_STEP;
 };
 
 /// Parses the arguments behind the program's name. On failure returns false with a line in `*error`

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <memory>
 
+#include "common/write_all.h"
 #include "console/commands.h"
 #include "console/engine.h"
 #include "console/stdin_keys.h"

@@ -11,7 +11,7 @@
 
 #include <cerrno>
 
-#include "console/console_host.h"
+#include "common/write_all.h"
 #include "console/terminal_keys.h"
 #include "run/run_view.h"
 

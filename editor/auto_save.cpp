@@ -8,6 +8,8 @@
 
 #include <cstdio>
 
+#include "common/write_all.h"
+
 namespace zoka {
 namespace {
 
@@ -37,15 +39,6 @@ std::string newer_file(const std::string& list, const std::string& journal) {
   const bool hasList = is_regular(list, &listTime);
   if (!is_regular(journal, &journalTime)) return hasList ? list : "";
   return hasList && is_newer(listTime, journalTime) ? list : journal;
-}
-
-bool write_whole(int fd, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = write(fd, bytes.data(), bytes.size());
-    if (written <= 0) return false;
-    bytes.remove_prefix(static_cast<size_t>(written));
-  }
-  return true;
 }
 
 }  // namespace
@@ -90,7 +83,7 @@ bool TAutoSaveSlot::WriteJournal(std::string_view text) {
   const int fd = open(fresh.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, PRIVATE_MODE);
   if (fd < 0) return false;
   // No fsync: it guards against the death of the process, and the disk must not slow typing down.
-  const bool written = write_whole(fd, text);
+  const bool written = write_all(fd, text);
   const bool closed = close(fd) == 0;
   if (written && closed && rename(fresh.c_str(), mJournalPath.c_str()) == 0) return true;
   unlink(fresh.c_str());

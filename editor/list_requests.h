@@ -12,8 +12,6 @@
 namespace zoka {
 
 /// Fields of messages.
-constexpr const char NEXT_MSG[] = "NextMsg";
-constexpr const char NEXT_MSG_TGT[] = "NextMsgTgt";
 constexpr const char INPUT_TEXT[] = "SISmplIptTxt";
 /// Set by the menus: the list was chosen with that key held down.
 constexpr const char CONTROL_HELD[] = "ControlHeld";

@@ -9,6 +9,10 @@
 
 namespace zoka {
 
+/// Numbers where the user gives none.
+constexpr int32_t DEFAULT_NEW_LINE = 10;
+constexpr int32_t DEFAULT_STEP = 10;
+
 /// One change of a renumbering: `removed` digits at `position` of the old text give way to `number`
 /// and, if `blank` is set, a blank.
 struct TRenumEdit {

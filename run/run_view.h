@@ -74,8 +74,6 @@ class TRunView final : public TScreenOwner, public TMachineHost {
   /// Waits until the music of an ended program has sounded and then for `tail` microseconds. After
   /// ForceStop it silences the music instead.
   void DrainMusic(bigtime_t tail) { mMusic.Drain(tail, mStopRequested); }
-  /// Asks the machine and the compiler to end at once, as by force; does not wait. It holds also
-  /// for what is started later: the process is about to end. Any thread.
   /// Asks the machine and the compiler to end at once, as by force; does not wait. It holds for
   /// what is started later, too: the process is about to end. Any thread.
   void ForceStop();

@@ -35,8 +35,6 @@ constexpr TByteKey BYTE_KEYS[] = {
     {HOST_KEY_DELETE, 0x34},
 };
 
-constexpr uint8_t FIRST_FUNCTION_KEY = 0x02;
-
 constexpr bigtime_t LONG_AGO = -TYPED_KEY_TIME;
 
 }  // namespace
@@ -57,7 +55,7 @@ uint8_t typed_key_code(std::string_view bytes) {
 
 uint8_t function_key_code(int32_t number) {
   if (number < 1 || number > HOST_FUNCTION_KEYS) return 0;
-  return static_cast<uint8_t>(FIRST_FUNCTION_KEY + number - 1);
+  return static_cast<uint8_t>(FIRST_FUNCTION_KEY_CODE + number - 1);
 }
 
 TTypedKeys::TTypedKeys() {
@@ -65,11 +63,11 @@ TTypedKeys::TTypedKeys() {
 }
 
 void TTypedKeys::Push(uint8_t code, bigtime_t now) {
-  if (code != 0 && code < CODES) mPushed[code].store(now);
+  if (code != 0 && code < KEY_MATRIX_SIZE) mPushed[code].store(now);
 }
 
 bool TTypedKeys::IsDown(uint8_t code, bigtime_t now) const {
-  return code < CODES && now - mPushed[code].load() < TYPED_KEY_TIME;
+  return code < KEY_MATRIX_SIZE && now - mPushed[code].load() < TYPED_KEY_TIME;
 }
 
 }  // namespace zoka

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "common/types.h"
+#include "run/run_host.h"
 
 namespace zoka {
 
@@ -30,8 +31,7 @@ class TTypedKeys {
   bool IsDown(uint8_t code, bigtime_t now) const;
 
  private:
-  static constexpr size_t CODES = 128;
-  std::array<std::atomic<bigtime_t>, CODES> mPushed;
+  std::array<std::atomic<bigtime_t>, KEY_MATRIX_SIZE> mPushed;
 };
 
 }  // namespace zoka

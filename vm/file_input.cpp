@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "app/settings/compat_mode.h"
 #include "common/text/utf8.h"
-#include "vm/compati_mode.h"
 #include "vm/jis_position.h"
 
 namespace zoka {
@@ -70,7 +70,7 @@ void InputFromFile(TBasicFile& file, int32_t count, std::list<std::string>* item
 bool InputDlFromFile(TBasicFile& file, int32_t count, int32_t mode, std::string* text) {
   int64_t position = 0;
   bool wasKanji = false;
-  bool counts = mode == COMPATI_MODE_DISK;
+  bool counts = mode == COMPAT_DISK;
   auto closing = [&] { return counts && wasKanji ? KANJI_WEIGHT : 0; };
   while (position + closing() < count) {
     std::string character;

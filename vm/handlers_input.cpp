@@ -80,7 +80,7 @@ void ExeBasicKinput(TVMachine& m, const TVMCode* code) {
   TShelter saved = m.SheltVar(code->lval());
   // The field starts on an even column, where double-byte characters lie.
   if (m.mRsrc->CursorPos() % 2 != 0) m.mRsrc->Print(" ");
-  if (m.mRuntimeCompatiMode == COMPATI_MODE_DISK) m.mRsrc->Print("？　");
+  if (m.mRuntimeCompatiMode == COMPAT_DISK) m.mRsrc->Print("？　");
   TItems items;
   InputFromUser(m, &items, true, nullptr);
   if (m.IsTerminated() || items.empty()) return;

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "app/settings/compat_mode.h"
 #include "common/text/utf8.h"
-#include "vm/compati_mode.h"
 
 namespace zoka {
 namespace {
@@ -56,7 +56,7 @@ class TJisWalk {
     bool isKana = !isAscii && half_kana_index(rest) >= 0;
     bool isKanjiNow = !isAscii && !isKana;
     if (isKanjiNow != isKanji) {
-      if (mCount.mode == COMPATI_MODE_DISK) position += mCount.weight;
+      if (mCount.mode == COMPAT_DISK) position += mCount.weight;
       isKanji = isKanjiNow;
     } else if (isKanji) {
       position += mCount.weight;
@@ -107,7 +107,7 @@ int64_t JisPosToUtf8PosKernel(std::string_view text, int64_t jisPos, TJisCount c
   while (walk.position < jisPos && !walk.AtEnd()) walk.Step();
   if (walk.position >= jisPos) return walk.offset;
   // The change back from kanji, and then one position a byte.
-  if (walk.isKanji && count.mode == COMPATI_MODE_DISK) walk.position += count.weight;
+  if (walk.isKanji && count.mode == COMPAT_DISK) walk.position += count.weight;
   return walk.offset + std::max<int64_t>(jisPos - walk.position, 0);
 }
 
@@ -115,7 +115,7 @@ int64_t Utf8PosToJisPosKernel(std::string_view text, int64_t bytes, TJisCount co
   TJisWalk walk(text, count);
   walk.SkipAscii(INT64_MAX, std::min(bytes, static_cast<int64_t>(text.size())));
   while (walk.offset < bytes && !walk.AtEnd()) walk.Step();
-  bool closes = count.mode == COMPATI_MODE_DISK && walk.isKanji && is_ascii_at(text, walk.offset);
+  bool closes = count.mode == COMPAT_DISK && walk.isKanji && is_ascii_at(text, walk.offset);
   return walk.position + (closes ? count.weight : 0);
 }
 
@@ -137,7 +137,7 @@ int64_t JisLenToUtf8Len(std::string_view text, int64_t start, int64_t length, TJ
   int64_t offset = std::min(JisPosToUtf8PosKernel(text, start, count), size);
   std::string_view rest = text.substr(static_cast<size_t>(offset));
   bool isKanjiAtStart = !is_ascii_at(rest, 0) && half_kana_index(rest) < 0;
-  if (count.weight == 1 && count.mode == COMPATI_MODE_DISK && isKanjiAtStart) ++length;
+  if (count.weight == 1 && count.mode == COMPAT_DISK && isKanjiAtStart) ++length;
   return std::min(JisPosToUtf8PosKernel(rest, length, count), size);
 }
 

@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "common/types.h"
+#include "run/screen/screen_size.h"
 
 namespace zoka {
 
@@ -42,7 +43,7 @@ class TMouseState {
   void SetMouseMaxY(int32_t maxY) { mMaxY = maxY; }
 
  private:
-  std::atomic<int32_t> mMaxX{639}, mMinX{0}, mMaxY{399}, mMinY{0};
+  std::atomic<int32_t> mMaxX{SCREEN_WIDTH - 1}, mMinX{0}, mMaxY{SCREEN_HEIGHT - 1}, mMinY{0};
   std::atomic<int32_t> mLeftState{0}, mRightState{0};
   std::atomic<float> mX{0}, mY{0};
   int32_t mLastReadX = 0, mLastReadY = 0;

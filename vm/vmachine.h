@@ -12,12 +12,12 @@
 #include <string_view>
 #include <vector>
 
+#include "app/settings/compat_mode.h"
 #include "common/context.h"
 #include "common/exception.h"
 #include "common/thread.h"
 #include "core/mid_code.h"
 #include "run/screen/basic_rsrc.h"
-#include "vm/compati_mode.h"
 #include "vm/held_output.h"
 #include "vm/interrupt_port.h"
 #include "vm/machine_host.h"
@@ -240,7 +240,7 @@ class TVMachine : public TThread {
   bool mWatched = false;
   int32_t mExitStatus = 0;
   TMidCode* mMidCode;
-  int32_t mRuntimeCompatiMode = COMPATI_MODE_DISK;
+  int32_t mRuntimeCompatiMode = COMPAT_DISK;
   TUserFuncArgs mUserFuncArgs;
   std::vector<TUserFuncInfo*> mUserFuncStack;
   std::string mErrStr;

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+#include "common/handler.h"
+
 namespace zoka {
 namespace {
 
@@ -21,7 +23,7 @@ size_t frame_length(std::string_view bytes) {
 TMessage without_local_fields(const TMessage& message) {
   TMessage clean(message.what);
   for (const TMessage::TField& field : message.Fields()) {
-    if (field.name.starts_with("NextMsg") || field.values.empty()) continue;
+    if (field.name.starts_with(NEXT_MSG) || field.values.empty()) continue;
     if (!std::holds_alternative<THandlerId>(field.values[0])) clean.AddField(field);
   }
   return clean;

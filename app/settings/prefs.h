@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "app/settings/archivable.h"
+#include "app/settings/compat_mode.h"
 
 namespace zoka {
 
@@ -18,11 +19,8 @@ constexpr size_t MAX_FONT_FAMILY = 62;
 /// sizes of the editor an outline font reads better.
 constexpr const char DEFAULT_RUN_FONT[] = "Unifont-JP";
 constexpr const char DEFAULT_EDIT_FONT[] = "IPAGothic";
-
-/// Values of CmpM, the compatibility mode: those that compiler and machine work with.
-constexpr int32_t COMPAT_AUTO = 0;
-constexpr int32_t COMPAT_DISK = 2;
-constexpr int32_t COMPAT_DOS = 3;
+/// Points; what fills the run window's cell.
+constexpr float DEFAULT_RUN_FONT_SIZE = 14;
 
 /// Values of DEnc that the Encoding menu has: 0 and 2 to 4 (1 is a separator).
 constexpr int32_t ENCODING_AUTO = 0;
@@ -57,7 +55,7 @@ constexpr int32_t MAX_ENCODING = 4;
   NUMBER(int32_t, SVol, 80, 0, 200)                     \
   NUMBER(float, DWFS, 11, 5, 50)                        \
   NUMBER(float, MWFS, 11, 5, 50)                        \
-  NUMBER(float, RWFS, 14, 5, 50)                        \
+  NUMBER(float, RWFS, DEFAULT_RUN_FONT_SIZE, 5, 50)     \
   NUMBER(int64_t, MDly, 50'000, 0, 3'000'000)           \
   NUMBER(int64_t, SpCI, 20'000, 100, 10'000'000)
 

@@ -7,6 +7,7 @@
 
 #include "common/text/number.h"
 #include "common/window/menu_label.h"
+#include "editor/renumber.h"
 
 namespace zoka {
 namespace {

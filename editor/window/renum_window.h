@@ -8,11 +8,9 @@
 
 namespace zoka {
 
-/// Numbers where a field is left empty. No old line is line 0, which is put right as any number
-/// below 1 is.
-constexpr int32_t DEFAULT_NEW_LINE = 10;
+/// Where the field of the old line is left empty: line 0, which is put right as any number below 1
+/// is. The other fields then have the numbers of editor/renumber.h.
 constexpr int32_t DEFAULT_OLD_LINE = 0;
-constexpr int32_t DEFAULT_STEP = 10;
 
 /// Sends rnmr with "NewLine", "OldLine" and "Step".
 class TRenumWindow final : public TDialogWindow {

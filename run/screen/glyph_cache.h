@@ -21,9 +21,6 @@ struct TFontHeight {
   float leading = 0;
 };
 
-/// The run font's size in fresh settings.
-constexpr float DEFAULT_RUN_FONT_SIZE = 14;
-
 /// A glyph as bit rows.
 struct TGlyph {
   /// Row of rows[0] relative to the baseline; negative above it.

@@ -48,7 +48,7 @@ class TGallery {
   void Choose(const char* theme) {
     TInterAppPrefs& shared = *mWalked.engine.Context().interAppPrefs;
     shared.SetString(THEME_ITEM, theme);
-    TMessage message("_ipc");
+    TMessage message(IAP_CHANGED_CODE);
     add_default_info(&message, THEME_ITEM);
     shared.NotifyToObservers(message);
     QTest::qWait(SETTLE_MS);

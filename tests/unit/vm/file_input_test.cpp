@@ -4,8 +4,8 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 
+#include "app/settings/compat_mode.h"
 #include "tests/support/temp_folder.h"
-#include "vm/compati_mode.h"
 
 namespace zoka {
 namespace {
@@ -102,7 +102,7 @@ TEST_F(FileInput, AnyBytesAreKept) {
 }
 
 TEST_F(FileInput, CharactersByPositions) {
-  constexpr int32_t DOS = COMPATI_MODE_DISK + 1;
+  constexpr int32_t DOS = COMPAT_DOS;
   EXPECT_EQ(Characters("A\r\nB", 4, DOS), "A\r\nB");
   EXPECT_EQ(Characters("ｱｲ", 2, DOS), "ｱｲ");
   EXPECT_EQ(Characters("あい", 2, DOS), "あ");
@@ -114,7 +114,7 @@ TEST_F(FileInput, CharactersByPositions) {
 }
 
 TEST_F(FileInput, CharactersWithShiftsUnderDisk) {
-  constexpr int32_t DISK = COMPATI_MODE_DISK;
+  constexpr int32_t DISK = COMPAT_DISK;
   EXPECT_EQ(Characters("あい", 6, DISK), "あ");
   EXPECT_EQ(Characters("あい", 7, DISK), "あい");
   EXPECT_EQ(Characters("あい", 8, DISK), "あい");
@@ -123,8 +123,8 @@ TEST_F(FileInput, CharactersWithShiftsUnderDisk) {
 }
 
 TEST_F(FileInput, HalfACharacterAtTheEnd) {
-  EXPECT_EQ(Characters("A\xE3\x81", 2, COMPATI_MODE_DISK + 1), "A\xE3\x81");
-  EXPECT_EQ(Characters("\xFF", 1, COMPATI_MODE_DISK + 1), "\xFF");
+  EXPECT_EQ(Characters("A\xE3\x81", 2, COMPAT_DOS), "A\xE3\x81");
+  EXPECT_EQ(Characters("\xFF", 1, COMPAT_DOS), "\xFF");
 }
 
 }  // namespace

@@ -3,20 +3,20 @@
 
 #include <string>
 
-#include "vm/compati_mode.h"
+#include "app/settings/compat_mode.h"
 #include "vm/jis_position.h"
 
 namespace zoka {
 namespace {
 
-constexpr TJisCount BYTES{COMPATI_MODE_DISK, 2};
+constexpr TJisCount BYTES{COMPAT_DISK, 2};
 
 TEST(JisAscii, PositionsAreBytes) {
   const std::string text(250, 'x');
   for (int64_t place : {0, 1, 7, 8, 9, 200, 249, 250}) {
     EXPECT_EQ(JisPosToUtf8PosKernel(text, place, BYTES), place);
     EXPECT_EQ(Utf8PosToJisPosKernel(text, place, BYTES), place);
-    EXPECT_EQ(JisPosToUtf8PosR(text, place, COMPATI_MODE_DISK), place);
+    EXPECT_EQ(JisPosToUtf8PosR(text, place, COMPAT_DISK), place);
   }
   EXPECT_EQ(JisPosToUtf8PosKernel(text, 255, BYTES), 255) << "counts on as if ASCII followed";
   EXPECT_EQ(Utf8PosToJisPosKernel(text, 255, BYTES), 250) << "there is nothing more to count";
@@ -37,20 +37,20 @@ TEST(JisAscii, TheEndCountedBackwards) {
   const std::string text =
       "\u3042"
       "ABCDE";
-  EXPECT_EQ(JisPosToUtf8PosR(text, 2, COMPATI_MODE_DISK), 2);
-  EXPECT_EQ(JisPosToUtf8PosR(text, 5, COMPATI_MODE_DISK), 5);
-  EXPECT_EQ(JisPosToUtf8PosR(text, 9, COMPATI_MODE_DISK), 8) << "a shift and the kanji";
+  EXPECT_EQ(JisPosToUtf8PosR(text, 2, COMPAT_DISK), 2);
+  EXPECT_EQ(JisPosToUtf8PosR(text, 5, COMPAT_DISK), 5);
+  EXPECT_EQ(JisPosToUtf8PosR(text, 9, COMPAT_DISK), 8) << "a shift and the kanji";
 }
 
 TEST(JisAscii, ALeadByteClaimsWhatFollows) {
   // The three bytes are one character, so the last two are not two of their own.
   EXPECT_EQ(JisPosToUtf8PosR("\xE3"
                              "AB",
-                             2, COMPATI_MODE_DISK),
+                             2, COMPAT_DISK),
             0);
   EXPECT_EQ(JisPosToUtf8PosR("\xE3"
                              "ABCDE",
-                             2, COMPATI_MODE_DISK),
+                             2, COMPAT_DISK),
             2);
 }
 

@@ -3,14 +3,14 @@
 
 #include <gtest/gtest.h>
 
+#include "app/settings/compat_mode.h"
 #include "common/text/utf8.h"
-#include "vm/compati_mode.h"
 
 namespace zoka {
 namespace {
 
-constexpr int32_t DISK = COMPATI_MODE_DISK;
-constexpr int32_t DOS = COMPATI_MODE_DISK + 1;
+constexpr int32_t DISK = COMPAT_DISK;
+constexpr int32_t DOS = COMPAT_DOS;
 constexpr TJisCount DISK_BYTES{DISK, 2};
 constexpr TJisCount DISK_CHARS{DISK, 1};
 constexpr TJisCount DOS_BYTES{DOS, 2};
