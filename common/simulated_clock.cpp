@@ -27,7 +27,6 @@ struct TActor {
   bool entered = false;
   bool realWait = false;
   bool signalled = false;
-  TWake* wake = nullptr;
   TActor* outer = nullptr;  // the same thread's part in another clock
 };
 
@@ -142,12 +141,10 @@ bool TSimulatedClock::Wait(bigtime_t deadline, TWake& wake) {
     return true;
   }
   if (deadline <= system_time()) return false;
-  self->wake = &wake;
   wake.mWaiter = self;
   if (deadline != FOREVER) EnqueueActor(*self, deadline, self->order);
   GiveWay(lock, *self);
   wake.mWaiter = nullptr;
-  self->wake = nullptr;
   return self->signalled;
 }
 
@@ -315,14 +312,12 @@ void TSimulatedClock::RealWait(TWake& wake) {
     wake.mSignalled = false;
     return;
   }
-  self->wake = &wake;
   wake.mWaiter = self;
   self->realWait = true;
   ++mRealWaits;
   PublishNextTime();
   GiveWay(lock, *self);
   wake.mWaiter = nullptr;
-  self->wake = nullptr;
 }
 
 void TSimulatedClock::SignalWake(TWake& wake) {

@@ -1,20 +1,13 @@
 // The two tables from an operation number to the generator of its keyword. The rows are those of
 // core/keywords.def; nothing else decides what a word compiles to.
-#include <cstddef>
-
 #include "compiler/compiler.h"
 
 namespace zoka {
-namespace {
 
-// Operation numbers are 16 bits wide. The tables lie in zeroed memory, of which only the few pages
-// that hold a row are ever touched.
-constexpr size_t TABLE_SIZE = 0x10000;
-
-}  // namespace
+// The tables lie in zeroed memory, of which only the few pages that hold a row are ever touched.
 
 const TCompiler::TProc* TCompiler::ProcTable() {
-  static TProc table[TABLE_SIZE];
+  static TProc table[OPERATION_COUNT];
   [[maybe_unused]] static const bool filled = [] {
 #define ZOKA_STATEMENT(spelling, operation, generator) \
   table[static_cast<size_t>(TVMCodeCmd::operation)] = &TCompiler::GenProc##generator;
@@ -27,7 +20,7 @@ const TCompiler::TProc* TCompiler::ProcTable() {
 }
 
 const TCompiler::TFunc* TCompiler::FuncTable() {
-  static TFunc table[TABLE_SIZE];
+  static TFunc table[OPERATION_COUNT];
   [[maybe_unused]] static const bool filled = [] {
 #define ZOKA_FUNCTION(spelling, operation, generator) \
   table[static_cast<size_t>(TVMCodeCmd::operation)] = &TCompiler::GenFunc##generator;

@@ -9,9 +9,6 @@
 namespace zoka {
 namespace {
 
-/// Pushed under the subscripts of a variable.
-constexpr int32_t END_MARK = -1;
-
 bool is_suffix(char c) {
   return c == '!' || c == '#' || c == '$' || c == '%';
 }
@@ -111,7 +108,7 @@ TToken TCompiler::GenVar(TToken* token, bool* lvalue, bool* forceType, bool assi
       return *token;
     }
   }
-  AddCodeLong(TVMCodeCmd::BPushInt, END_MARK);
+  AddCodeLong(TVMCodeCmd::BPushInt, SUBSCRIPT_END);
   *token = GenSubscripts(*token);
   const bool isTarget = asReference || (token->kind == ttEqual && *lvalue && assign);
   AddCodeVar(isTarget ? TVMCodeCmd::BPushVar : TVMCodeCmd::BLoadArray, var);

@@ -19,7 +19,6 @@ class TConsoleHost final : public TRunHost, public TAlertHost {
  public:
   void TranscriptRow(std::string_view row) override;
   void FlushOutput() override;
-  bool WantsPicture() const override { return mWantsPicture; }
   void RunEnded(int64_t runNumber, int32_t exitStatus, const TMessage* request) override;
   int ShowAlert(const TAlert& alert, TThread* waiter) override;
 
@@ -27,7 +26,6 @@ class TConsoleHost final : public TRunHost, public TAlertHost {
   void SetOnFailure(std::function<void()> onFailure) { mOnFailure = std::move(onFailure); }
   /// The screen is shown live: rows are not written, and alerts are held back until it is not.
   void SetLive(bool live);
-  void SetWantsPicture(bool wants) { mWantsPicture = wants; }
   /// A request for another run that the last program left; false if it left none.
   bool TakeRequest(TMessage* request);
   /// Writes rows that are still on the screen: up to the last one that is not empty.
@@ -49,7 +47,6 @@ class TConsoleHost final : public TRunHost, public TAlertHost {
   TMessage mRequest;         // under mMutex
   std::atomic<bool> mFailed{false};
   std::atomic<bool> mReaderGone{false};
-  bool mWantsPicture = false;
   std::function<void()> mOnFailure;
 };
 

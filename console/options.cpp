@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "common/context.h"
+#include "common/text/number.h"
 
 namespace zoka {
 namespace {
@@ -156,7 +157,7 @@ bool has_pattern(std::string_view value, std::string_view pattern) {
 
 bool set_clock(TOptions* options, const std::string& value) {
   if (!has_pattern(value, "9999-99-99T99:99:99")) return false;
-  auto part = [&](size_t at, size_t digits) { return std::atoi(value.substr(at, digits).c_str()); };
+  auto part = [&](size_t at, size_t digits) { return parse_long(value.substr(at, digits)); };
   TLocalTime time{part(0, 4), part(5, 2), part(8, 2), part(11, 2), part(14, 2), part(17, 2)};
   constexpr int DAYS[12] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
   if (time.month < 1 || time.month > 12 || time.day < 1) return false;

@@ -12,9 +12,6 @@ namespace {
 /// Most elements of an array: with slot 0 the slots are counted in 31 bits.
 constexpr int64_t MAX_ELEMENTS = INT32_MAX - 1;
 
-/// Elements of each dimension when an array comes into being without DIM: bounds 0 to 10.
-constexpr int32_t DEFAULT_DIMENSION = 11;
-
 size_t slot_bytes(TTokenKind kind) {
   switch (kind) {
     case ttInt:

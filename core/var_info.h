@@ -18,6 +18,8 @@ struct TGrphBlock;
 
 /// Most dimensions of an array. (Its tables have room for 127 sizes, of which one is the end mark.)
 constexpr int32_t MAX_DIMENSIONS = 126;
+/// Elements of each dimension when an array comes into being without DIM: bounds 0 to 10.
+constexpr int32_t DEFAULT_DIMENSION = 11;
 
 /// One variable. Slot 0 holds the plain value, the elements start at slot 1, so one name can be
 /// used both ways at once.
@@ -55,7 +57,7 @@ struct TVarInfo {
   bool Create(bool keepFirst, TMemoryBudget* budget = nullptr);
   /// A plain variable of that kind.
   void CreateDefaultNonArray(TTokenKind kindWanted);
-  /// `count` dimensions of 11 elements each; keeps slot 0.
+  /// `count` dimensions of DEFAULT_DIMENSION elements each; keeps slot 0.
   bool CreateDefaultArray(int32_t count, TMemoryBudget* budget = nullptr);
 
  private:

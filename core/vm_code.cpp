@@ -14,19 +14,16 @@ constexpr TOperationRow ROWS[] = {
 };
 constexpr int ROW_COUNT = static_cast<int>(std::size(ROWS));
 
-/// Operation numbers lie below this.
-constexpr uint32_t NUMBER_COUNT = 0x10000;
-
 constexpr bool rows_ascend() {
   for (int i = 1; i < ROW_COUNT; ++i) {
     if (ROWS[i - 1].cmd >= ROWS[i].cmd) return false;
   }
-  return static_cast<uint32_t>(ROWS[ROW_COUNT - 1].cmd) < NUMBER_COUNT;
+  return static_cast<uint32_t>(ROWS[ROW_COUNT - 1].cmd) < OPERATION_COUNT;
 }
 static_assert(rows_ascend(), "the rows stand in the order of their numbers, each once");
 
-constexpr std::array<uint16_t, NUMBER_COUNT> row_indices() {
-  std::array<uint16_t, NUMBER_COUNT> indices{};
+constexpr std::array<uint16_t, OPERATION_COUNT> row_indices() {
+  std::array<uint16_t, OPERATION_COUNT> indices{};
   for (int i = 0; i < ROW_COUNT; ++i) {
     indices[static_cast<uint32_t>(ROWS[i].cmd)] = static_cast<uint16_t>(i + 1);
   }
@@ -34,13 +31,13 @@ constexpr std::array<uint16_t, NUMBER_COUNT> row_indices() {
 }
 
 // Place of each number's row, counted from 1; 0 for a free number.
-constexpr std::array<uint16_t, NUMBER_COUNT> ROW_INDICES = row_indices();
+constexpr std::array<uint16_t, OPERATION_COUNT> ROW_INDICES = row_indices();
 
 }  // namespace
 
 const TOperationRow* find_operation(TVMCodeCmd cmd) {
   const auto number = static_cast<uint32_t>(cmd);
-  if (number >= NUMBER_COUNT || ROW_INDICES[number] == 0) return nullptr;
+  if (number >= OPERATION_COUNT || ROW_INDICES[number] == 0) return nullptr;
   return &ROWS[ROW_INDICES[number] - 1];
 }
 

@@ -17,6 +17,12 @@ enum class TVMCodeCmd : uint32_t {
 #include "core/operations.def"
 };
 
+/// Numbers that an operation may have, used or not.
+constexpr uint32_t OPERATION_COUNT = 0x10000;
+
+/// Pushed below the subscripts of a variable: ends their list, also where a program computes it.
+constexpr int32_t SUBSCRIPT_END = -1;
+
 /// Which member of the operand an operation uses.
 enum class TOperandKind : uint8_t { None, Long, Bool, Float, Double, Str, Var };
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "common/thread.h"
-#include "run/engine_priority.h"
+#include "vm/engine_priority.h"
 
 namespace zoka {
 

@@ -1,10 +1,15 @@
 // The defaults of TRunHost: a host that shows and answers nothing.
 #include "run/run_host.h"
 
-#include <fstream>
-#include <string>
+#include "common/host_memory.h"
 
 namespace zoka {
+
+namespace {
+
+constexpr int64_t PAGE_KBYTES = 4;
+
+}  // namespace
 
 void TRunHost::Post(std::function<void()>) {}
 void TRunHost::Present(const TRect&) {}
@@ -29,14 +34,7 @@ int64_t TRunHost::FreeMemoryKBytes() const {
 void TRunHost::RunEnded(int64_t, int32_t, const TMessage*) {}
 
 int64_t free_memory_kbytes() {
-  std::ifstream info("/proc/meminfo");
-  std::string name;
-  int64_t kbytes = 0;
-  while (info >> name >> kbytes) {
-    if (name == "MemAvailable:") return kbytes / 4 * 4;
-    info.ignore(256, '\n');
-  }
-  return 0;
+  return available_memory_kbytes().value_or(0) / PAGE_KBYTES * PAGE_KBYTES;
 }
 
 }  // namespace zoka

@@ -62,7 +62,7 @@ class TRunHost {
   virtual void RunEnded(int64_t runNumber, int32_t exitStatus, const TMessage* request);
 };
 
-/// Free memory of the machine in KBytes: MemAvailable, counted in pages of 4 KBytes.
+/// Free memory of the host in KBytes, counted in pages of 4 KBytes; 0 if it does not say.
 int64_t free_memory_kbytes();
 
 }  // namespace zoka

@@ -5,8 +5,8 @@
 
 #include "app/settings/prefs.h"
 #include "common/thread.h"
-#include "run/engine_priority.h"
 #include "sound/music_end.h"
+#include "vm/engine_priority.h"
 
 namespace zoka {
 

@@ -2,9 +2,12 @@
 // were left out.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
+#include <string_view>
 
+#include "common/text/number.h"
 #include "vm/vmachine.h"
 
 namespace zoka {
@@ -30,6 +33,25 @@ inline bool drop_if_omitted(TVMachine& m) {
 inline std::optional<int32_t> pop_optional(TVMachine& m) {
   if (drop_if_omitted(m)) return std::nullopt;
   return m.PopInt();
+}
+
+/// Pops where the next run begins into its request: a number is a line, a text a label, anything
+/// else nothing.
+inline void pop_start(TVMachine& m, TMessage* message) {
+  const TOwnedData start(m.Pop());
+  if (start->kind == TStackKind::String) {
+    message->AddString("Label", start->View());
+  } else if (is_number(start->kind)) {
+    message->AddInt32("LineNum", stack_int(*start));
+  }
+}
+
+/// The octal number at the start of `digits`, like parse_octal; but 8 and 9 are digits, and none of
+/// such a number.
+inline int32_t parse_strict_octal(TVMachine& m, std::string_view digits) {
+  const size_t end = std::min(digits.find_first_not_of("01234567"), digits.size());
+  if (end < digits.size() && (digits[end] == '8' || digits[end] == '9')) throw bad_call(m);
+  return parse_octal(digits);
 }
 
 }  // namespace zoka

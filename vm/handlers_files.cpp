@@ -4,6 +4,7 @@
 #include "common/file_path.h"
 #include "common/text/utf8.h"
 #include "vm/file_access.h"
+#include "vm/handler_args.h"
 #include "vm/handlers.h"
 #include "vm/jis_position.h"
 #include "vm/vmachine.h"
@@ -61,16 +62,6 @@ void print_entry(TVMachine& m, const TFolderEntry& entry) {
              size_field(entry.size));
 }
 
-/// Adds where the next run begins: a number is a line, a text a label, anything else nothing.
-void add_start(TVMachine& m, TMessage* message) {
-  TOwnedData start(m.Pop());
-  if (start->kind == TStackKind::String) {
-    message->AddString("Label", start->View());
-  } else if (is_number(start->kind)) {
-    message->AddInt32("LineNum", stack_int(*start));
-  }
-}
-
 /// The path of a list that a program names.
 std::string list_path(TVMachine& m, const TText& name, bool mustExist) {
   if (name.Length() == 0) throw m.RuntimeException2(ERR_FILE_NOT_FOUND);
@@ -121,7 +112,7 @@ void ExeBasicChain(TVMachine& m, const TVMCode* code) {
   if (m.mContext.privacy.quitting.load()) return;
   TMessage message(RUN_REQUEST_CODE);
   if (code->lval() > 3) m.Drop();
-  if (code->lval() > 2) add_start(m, &message);
+  if (code->lval() > 2) pop_start(m, &message);
   message.AddString("FileName", list_path(m, m.PopText(), true));
   message.AddBool("Merge", m.PopBool());
   m.RequestRun(message);

@@ -55,7 +55,7 @@ void ExeBasicSearch(TVMachine& m, const TVMCode*) {
   int32_t wanted = m.PopInt();
   TVarInfo* var = m.PopVar();
   // Subscripts mean nothing here, but the form is to be used up to its end mark.
-  while (m.PopInt() != -1) {
+  while (m.PopInt() != SUBSCRIPT_END) {
   }
   if (var->dimCount != 1) throw bad_call(m);
   m.PushInt(search(m, *var, wanted, start, step));

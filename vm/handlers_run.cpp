@@ -1,4 +1,5 @@
 // RUN, STOP, SLEEP, the clock and the version, and the texts of the function keys.
+#include "vm/handler_args.h"
 #include "vm/handlers.h"
 #include "vm/vmachine.h"
 
@@ -7,22 +8,13 @@ namespace {
 
 constexpr bigtime_t MICROSECONDS_PER_MILLISECOND = 1000;
 
-void add_start(TVMachine& m, TMessage* message) {
-  const TOwnedData start(m.Pop());
-  if (start->kind == TStackKind::String) {
-    message->AddString("Label", start->View());
-  } else if (is_number(start->kind)) {
-    message->AddInt32("LineNum", stack_int(*start));
-  }
-}
-
 }  // namespace
 
 void ExeBasicRunCur(TVMachine& m, const TVMCode* code) {
   m.JumpToEnd();
   if (m.mContext.privacy.quitting.load()) return;
   TMessage message(RUN_REQUEST_CODE);
-  if (code->bval()) add_start(m, &message);
+  if (code->bval()) pop_start(m, &message);
   m.RequestRun(message);
 }
 

@@ -14,8 +14,8 @@ constexpr int32_t DIGITAL_COLORS = 8;
 constexpr int8_t ANALOG_16_MODE = 2;
 constexpr int8_t DIGITAL_MODE = 0;
 /// Largest row of the mouse in the modes of 200 and of 400 lines.
-constexpr int32_t MAX_ROW_200 = 199;
-constexpr int32_t MAX_ROW_400 = 399;
+constexpr int32_t MAX_ROW_200 = SCREEN_HEIGHT / 2 - 1;
+constexpr int32_t MAX_ROW_400 = SCREEN_HEIGHT - 1;
 
 /// Pops operand number `index` if the count covers it.
 std::optional<int32_t> pop_counted(TVMachine& m, int32_t count, int32_t index) {

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "common/text/ascii.h"
 #include "common/text/number.h"
 #include "common/text/utf8.h"
 #include "vm/handler_args.h"
@@ -82,28 +83,12 @@ int32_t count_characters(std::string_view text, bool kanji) {
   return count;
 }
 
-/// Value of a digit in a base up to 16, or -1.
-int32_t digit_value(char c, int32_t base) {
-  int32_t value = -1;
-  if (c >= '0' && c <= '9') value = c - '0';
-  if (c >= 'A' && c <= 'F') value = c - 'A' + 10;
-  if (c >= 'a' && c <= 'f') value = c - 'a' + 10;
-  return value < base ? value : -1;
-}
-
-/// The number behind "&" in VAL. It wraps in 32 bits, as the machine's integers do.
+/// The number behind "&" in VAL; "O" may be left out. It wraps in 32 bits, as the machine's
+/// integers do.
 int32_t parse_based(TVMachine& m, std::string_view text) {
-  int32_t base = 8;
-  if (!text.empty() && (text[0] == 'H' || text[0] == 'h')) base = 16;
-  if (base == 16 || (!text.empty() && (text[0] == 'O' || text[0] == 'o'))) text.remove_prefix(1);
-  uint32_t value = 0;
-  for (char c : text) {
-    int32_t digit = digit_value(c, base);
-    if (digit < 0 && base == 8 && (c == '8' || c == '9')) throw bad_call(m);
-    if (digit < 0) break;
-    value = value * static_cast<uint32_t>(base) + static_cast<uint32_t>(digit);
-  }
-  return static_cast<int32_t>(value);
+  const char form = text.empty() ? '\0' : to_upper(text[0]);
+  if (form == 'H') return parse_hex(text.substr(1));
+  return parse_strict_octal(m, form == 'O' ? text.substr(1) : text);
 }
 
 /// Pushes a number of HEX$ or OCT$ in that base, with capitals.
@@ -113,10 +98,7 @@ void push_based(TVMachine& m, int base) {
   if (value < 0) value += 0x10000;
   char digits[8];
   char* end = std::to_chars(digits, digits + sizeof digits, value, base).ptr;
-  for (char* c = digits; c != end; ++c) {
-    if (*c >= 'a') *c = static_cast<char>(*c - 'a' + 'A');
-  }
-  m.PushString({digits, static_cast<size_t>(end - digits)});
+  m.PushString(to_upper({digits, end}));
 }
 
 }  // namespace

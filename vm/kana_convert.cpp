@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 
+#include "common/text/ascii.h"
 #include "common/text/jis.h"
 #include "common/text/utf8.h"
 
@@ -98,11 +99,7 @@ std::optional<std::string> jis_dl(std::string_view text) {
   }
   char digits[8];
   char* end = std::to_chars(digits, digits + sizeof digits, code, 16).ptr;
-  std::string upper(digits, end);
-  for (char& c : upper) {
-    if (c >= 'a') c = static_cast<char>(c - 'a' + 'A');
-  }
-  return upper;
+  return to_upper({digits, end});
 }
 
 std::optional<std::string> knj_dl(std::string_view text) {

@@ -9,9 +9,6 @@
 
 namespace zoka {
 
-/// Ends a list of subscripts, also where a program computes it.
-constexpr int32_t SUBSCRIPT_END = -1;
-
 inline bool is_end_mark(const TStackData& value) {
   return value.kind == TStackKind::Int && value.lval == SUBSCRIPT_END;
 }

@@ -4,17 +4,13 @@
 #include <mutex>
 
 #include "common/text/number.h"
+#include "vm/handler_args.h"
 #include "vm/vmachine.h"
 
 namespace zoka {
 namespace {
 
-/// A subscript of this value ends the list, also where a program computes it.
-constexpr int32_t END_MARK = -1;
-
 constexpr const char ERR_OUT_OF_RANGE[] = "@Runtime_Err_Subscript_Out_Of_Range@";
-
-constexpr int32_t IMPLICIT_SIZE = 11;
 
 /// Holds the variables' lock if the variables are watched.
 class TStoreLock {
@@ -34,7 +30,7 @@ __extension__ using TWide = __int128;
 
 int32_t TVMachine::PopSubscripts(int32_t* subscripts) {
   int32_t count = 0;
-  for (int32_t value = PopInt(); value != END_MARK; value = PopInt()) {
+  for (int32_t value = PopInt(); value != SUBSCRIPT_END; value = PopInt()) {
     if (count == MAX_DIMENSIONS) throw RuntimeException2(ERR_BAD_DIMENSION);
     subscripts[count++] = value;
   }
@@ -47,7 +43,7 @@ int32_t TVMachine::DimSuf(TVarInfo* var) {
   if (count == 0) return 0;
   if (var->dimCount == 0) {
     int32_t sizes[MAX_DIMENSIONS];
-    std::fill_n(sizes, count, IMPLICIT_SIZE);
+    std::fill_n(sizes, count, DEFAULT_DIMENSION);
     LayOut(var, sizes, count);
     SendResetVarRqtd(var);
   }
@@ -153,7 +149,7 @@ TShelter TVMachine::SheltVar(int32_t count) {
   for (int32_t i = 0; i < count; ++i) {
     TStackData value = Pop();
     saved.Add(value);
-    while (stack_int(value) != END_MARK) {
+    while (stack_int(value) != SUBSCRIPT_END) {
       value = Pop();
       saved.Add(value);
     }
@@ -197,13 +193,7 @@ int32_t TVMachine::ParsePrefixedInt(std::string_view item) {
   const char form = item.size() > 1 ? item[1] : '\0';
   if (form == 'H' || form == 'h') return parse_hex(item.substr(2));
   if (form != 'O' && form != 'o') return 0;
-  const std::string_view digits = item.substr(2);
-  // 8 and 9 are digits, but none of an octal number.
-  const size_t end = std::min(digits.find_first_not_of("01234567"), digits.size());
-  if (end < digits.size() && (digits[end] == '8' || digits[end] == '9')) {
-    throw RuntimeException2(ERR_ILL_FUNC_CALL);
-  }
-  return parse_octal(digits);
+  return parse_strict_octal(*this, item.substr(2));
 }
 
 const TVMCode* TVMachine::NextData() {

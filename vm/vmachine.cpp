@@ -7,15 +7,12 @@
 
 #include "app/settings/show_alert.h"
 #include "sound/mml_player.h"
+#include "vm/engine_priority.h"
 #include "vm/memory_budget.h"
 #include "vm/units.h"
 
 namespace zoka {
-namespace {
-
-constexpr int32_t MACHINE_PRIORITY = 15;
-
-}  // namespace
+namespace {}  // namespace
 
 TVMachine::TVMachine(const char* name, const TMachineParts& parts)
     : TThread(name, MACHINE_PRIORITY, *parts.context->clock, TActorClass::Machine),

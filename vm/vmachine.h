@@ -36,10 +36,9 @@ class TVMachine;
 /// A handler of an operation; gets the instruction being executed.
 using TVMHandler = void (*)(TVMachine&, const TVMCode*);
 
-/// One entry for each of the 65,536 operation numbers; an operation without a handler ends the run
-/// with an illegal function call. Made once from core/operations.def.
+/// One entry for each operation number; an operation without a handler ends the run with an illegal
+/// function call. Made once from core/operations.def.
 const TVMHandler* vm_handler_table();
-constexpr int32_t OPERATION_COUNT = 65536;
 
 /// One event trap being served.
 struct TIrInfo {

@@ -59,7 +59,7 @@ bool is_huge(std::string_view number) {
 int32_t parse_digits(std::string_view text, uint32_t base) {
   uint32_t value = 0;
   for (char c : text) {
-    const char upper = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    const char upper = to_upper(c);
     uint32_t digit = base;
     if (is_digit(c)) digit = static_cast<uint32_t>(c - '0');
     if (upper >= 'A' && upper <= 'F') digit = static_cast<uint32_t>(upper - 'A') + 10;

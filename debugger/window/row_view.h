@@ -30,7 +30,6 @@ class TRowView : public QAbstractScrollArea {
   explicit TRowView(QWidget* parent);
 
   void SetFontFamilyAndSize(const std::string& family, float points);
-  int RowHeight() const { return mRowHeight; }
   int64_t Rows() const { return mRows; }
   int64_t CurrentRow() const { return mCurrent; }
   /// Selects a row, and brings it into sight.
