@@ -2,6 +2,7 @@
 // their own arithmetic.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 namespace zoka {
@@ -29,6 +30,17 @@ struct TRect {
   bool IsValid() const { return left <= right && top <= bottom; }
   bool operator==(const TRect&) const = default;
 };
+
+/// The smallest rectangle that holds both, and what they have in common, which may be not valid; of
+/// two rectangles that both have inclusive corners, or both have not.
+constexpr TRect union_of(const TRect& a, const TRect& b) {
+  return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
+          std::max(a.bottom, b.bottom)};
+}
+constexpr TRect intersection_of(const TRect& a, const TRect& b) {
+  return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
+          std::min(a.bottom, b.bottom)};
+}
 
 /// A rectangle of a window on the host's screen, as the settings keep it.
 struct TFrame {

@@ -215,12 +215,17 @@ bool TKeyFeeder::IsDry() {
   return mActive && !mFinished && !mInteractive && mItems.empty() && mTimer == 0;
 }
 
-void TKeyFeeder::Look() {
-  Release();
+// Keys that come from outside take no simulated time, so the program stands still for them.
+void TKeyFeeder::AwaitKeys() {
   while (mClock.IsSimulated() && mView.Rsrc().KeyBufCount() == 0 && IsDry()) {
     mClock.RealWait(mAdded);
     Pump();
   }
+}
+
+void TKeyFeeder::Look() {
+  Release();
+  AwaitKeys();
 }
 
 void TKeyFeeder::WaitBegins(bigtime_t deadline) {
@@ -229,12 +234,7 @@ void TKeyFeeder::WaitBegins(bigtime_t deadline) {
     mStarving = mActive && deadline == FOREVER;
   }
   Release();
-  if (deadline != FOREVER) return;
-  // Keys that come from outside take no simulated time, so the program stands still for them.
-  while (mClock.IsSimulated() && mView.Rsrc().KeyBufCount() == 0 && IsDry()) {
-    mClock.RealWait(mAdded);
-    Pump();
-  }
+  if (deadline == FOREVER) AwaitKeys();
 }
 
 void TKeyFeeder::StopProgram() {

@@ -73,6 +73,7 @@ class TKeyFeeder {
  private:
   void Release();
   void Pump();
+  void AwaitKeys();
   void HandOver();
   bool TakeNext(TFeedItem* item);
   void Do(const TFeedItem& item);

@@ -12,7 +12,6 @@
 #include "vm/units.h"
 
 namespace zoka {
-namespace {}  // namespace
 
 TVMachine::TVMachine(const char* name, const TMachineParts& parts)
     : TThread(name, MACHINE_PRIORITY, *parts.context->clock, TActorClass::Machine),

@@ -13,14 +13,8 @@ namespace zoka {
 namespace {
 
 constexpr uint32_t OPAQUE = 0xFF000000;
-constexpr TRect WHOLE_FRAME{0, 0, SCREEN_WIDTH - 1, SCREEN_HEIGHT - 1};
 /// Width of a glyph's cell before 40 columns double it.
 constexpr int32_t GLYPH_CELL_WIDTH = 8;
-
-TRect intersection(const TRect& a, const TRect& b) {
-  return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
-          std::min(a.bottom, b.bottom)};
-}
 
 void fill_frame(TFrameBuffer& target, const TRect& r, uint32_t pixel) {
   if (!r.IsValid()) return;
@@ -74,7 +68,7 @@ TRect TScreenPainter::DrawBasic(TFrameBuffer& target, bool isView) {
   TLock lock(mRsrc.mMutex);
   if (mRsrc.cursorShown) MarkCursor();
   // Taken before the painting: what changes from now on belongs to the next.
-  const TRect r = intersection(std::exchange(mRsrc.modifiedRect, TRect{}), WHOLE_FRAME);
+  const TRect r = intersection_of(std::exchange(mRsrc.modifiedRect, TRect{}), WHOLE_PAGE);
   if (!r.IsValid()) return TRect{};
   PaintGraphics(target, r);
   PaintText(target, r);
@@ -84,15 +78,15 @@ TRect TScreenPainter::DrawBasic(TFrameBuffer& target, bool isView) {
 
 void TScreenPainter::DrawComposition(TFrameBuffer& target) {
   TLock lock(mRsrc.mMutex);
-  PaintGraphics(target, WHOLE_FRAME);
-  PaintText(target, WHOLE_FRAME);
+  PaintGraphics(target, WHOLE_PAGE);
+  PaintText(target, WHOLE_PAGE);
 }
 
 void TScreenPainter::DrawGrphPage(TFrameBuffer& target, int32_t page) {
   TLock lock(mRsrc.mMutex);
   const int32_t which = page < 0 ? mRsrc.displayPage : page;
   if (which >= PAGE_COUNT || mRsrc.grphBitmap[static_cast<size_t>(which)].IsPristine()) {
-    fill_frame(target, WHOLE_FRAME, OPAQUE);
+    fill_frame(target, WHOLE_PAGE, OPAQUE);
     return;
   }
   const TGrphPage& source = mRsrc.grphBitmap[static_cast<size_t>(which)];
@@ -144,7 +138,7 @@ void TScreenPainter::PaintCell(TFrameBuffer& target, const TRect& r, int32_t row
   const int32_t x = col * mRsrc.cellWidth;
   const int32_t y = row * mRsrc.cellHeight;
   const TRect inside =
-      intersection(r, {x, y, x + glyphWidth * scale - 1, y + mRsrc.cellHeight - 1});
+      intersection_of(r, {x, y, x + glyphWidth * scale - 1, y + mRsrc.cellHeight - 1});
   if (!inside.IsValid()) return;
   const uint32_t mask =
       scale == 1 ? column_mask(inside.left - x, inside.right - x) : column_mask(0, glyphWidth - 1);
@@ -173,7 +167,7 @@ void TScreenPainter::PaintCursor(TFrameBuffer& target, const TRect& r) const {
   const int32_t x = mRsrc.cursorPos % mRsrc.txtCols * mRsrc.cellWidth;
   const int32_t y = mRsrc.cursorPos / mRsrc.txtCols * mRsrc.cellHeight;
   const TRect block{x, y, x + mRsrc.cellWidth - 1, y + mRsrc.cellHeight - 1};
-  fill_frame(target, intersection(r, block),
+  fill_frame(target, intersection_of(r, block),
              pixel_of(mRsrc.txtPal[static_cast<size_t>(color & 7)]) | OPAQUE);
 }
 

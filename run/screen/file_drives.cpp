@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "common/file_path.h"
+#include "common/text/number.h"
 #include "run/screen/file_fault.h"
 
 namespace zoka {
@@ -22,18 +23,6 @@ namespace {
 
 /// Links that are followed for a file that does not exist yet; the system's own limit.
 constexpr int MAX_LINKS = 40;
-
-/// The number that a text starts with, blanks and a sign before it allowed; 0 if there is none.
-/// Beyond `INT32_MAX` it stays there.
-int32_t leading_number(std::string_view text) {
-  size_t at = std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size());
-  const bool isNegative = at < text.size() && text[at] == '-';
-  if (at < text.size() && (text[at] == '-' || text[at] == '+')) ++at;
-  int64_t value = 0;
-  for (; at < text.size() && text[at] >= '0' && text[at] <= '9'; ++at)
-    value = std::min<int64_t>(value * 10 + (text[at] - '0'), INT32_MAX);
-  return static_cast<int32_t>(isNegative ? -value : value);
-}
 
 std::string_view up_to_nul(std::string_view text) {
   return text.substr(0, text.find('\0'));
@@ -87,7 +76,7 @@ bool is_within(const std::string& path, const std::string& folder) {
 int32_t DriveNumber(std::string_view name) {
   name = up_to_nul(name);
   if (name.find(':') == std::string_view::npos) return 1;
-  const int32_t number = leading_number(name);
+  const int32_t number = parse_long(name);
   if (number < 1 || number > DRIVE_COUNT) fail_file("@Runtime_Err_Bad_Drive_Number@");
   return number;
 }

@@ -76,8 +76,7 @@ TGrphBlock get_block(const TGrphPage& page, const TRect& r) {
   TGrphBlock block;
   block.width = static_cast<int64_t>(r.right) - r.left + 1;
   block.height = static_cast<int64_t>(r.bottom) - r.top + 1;
-  const TRect inside{std::max(r.left, 0), std::max(r.top, 0), std::min(r.right, SCREEN_WIDTH - 1),
-                     std::min(r.bottom, SCREEN_HEIGHT - 1)};
+  const TRect inside = intersection_of(r, WHOLE_PAGE);
   if (!inside.IsValid()) return block;
   block.keptLeft = static_cast<int64_t>(inside.left) - r.left;
   block.keptTop = static_cast<int64_t>(inside.top) - r.top;

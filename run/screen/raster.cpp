@@ -137,11 +137,6 @@ void draw_sloped(TGrphPage& page, const TPen& pen, TAxis major, TAxis minor) {
   }
 }
 
-TRect clipped(const TRect& r) {
-  return {std::max(r.left, 0), std::max(r.top, 0), std::min(r.right, SCREEN_WIDTH - 1),
-          std::min(r.bottom, SCREEN_HEIGHT - 1)};
-}
-
 }  // namespace
 
 int32_t pixel_coord(double v) {
@@ -171,7 +166,7 @@ void draw_line(TGrphPage& page, const TPen& pen, const TPixel& p1, const TPixel&
 }
 
 void fill_rect(TGrphPage& page, const TPen& pen, const TRect& r) {
-  const TRect inside = clipped(r);
+  const TRect inside = intersection_of(r, WHOLE_PAGE);
   if (!inside.IsValid()) return;
   page.Touch();
   for (int32_t y = inside.top; y <= inside.bottom; ++y) {

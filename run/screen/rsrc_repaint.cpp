@@ -19,12 +19,7 @@ int32_t near_enough(int32_t v) {
 
 void TBasicRsrc::MarkKernel(const TRect& r) {
   if (!r.IsValid()) return;
-  if (!modifiedRect.IsValid()) {
-    modifiedRect = r;
-    return;
-  }
-  modifiedRect = {std::min(modifiedRect.left, r.left), std::min(modifiedRect.top, r.top),
-                  std::max(modifiedRect.right, r.right), std::max(modifiedRect.bottom, r.bottom)};
+  modifiedRect = modifiedRect.IsValid() ? union_of(modifiedRect, r) : r;
 }
 
 void TBasicRsrc::MarkGrph(const TRect& r) {

@@ -3,11 +3,15 @@
 
 #include <cstdint>
 
+#include "common/types.h"
+
 namespace zoka {
 
 /// The surface that every mode is a scaling of, in device pixels.
 constexpr int32_t SCREEN_WIDTH = 640;
 constexpr int32_t SCREEN_HEIGHT = 400;
+/// All of it, and of a graphic page, with inclusive corners.
+constexpr TRect WHOLE_PAGE{0, 0, SCREEN_WIDTH - 1, SCREEN_HEIGHT - 1};
 
 /// Graphic pages, and the value of `displayPage` that shows none of them.
 constexpr int32_t PAGE_COUNT = 4;

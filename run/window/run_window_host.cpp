@@ -35,8 +35,7 @@ void TRunWindowHost::Present(const TRect& rect) {
     std::lock_guard lock(mMutex);
     const bool isOnItsWay = mChanged.IsValid();
     if (isOnItsWay) {
-      mChanged = {std::min(mChanged.left, rect.left), std::min(mChanged.top, rect.top),
-                  std::max(mChanged.right, rect.right), std::max(mChanged.bottom, rect.bottom)};
+      mChanged = union_of(mChanged, rect);
       return;
     }
     mChanged = rect;
