@@ -1,7 +1,7 @@
 // The roster of the window application.
 #include "app/midi_outputs.h"
 
-#include "app/settings/prefs.h"
+#include "app/settings/prefs_edit.h"
 
 namespace zoka {
 

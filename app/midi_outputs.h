@@ -13,11 +13,6 @@
 
 namespace zoka {
 
-/// The name of a message's field with the roster's number of an output.
-constexpr const char MIDI_OUT_ID[] = "be:id";
-/// True in a message about an output that is no longer connected.
-constexpr const char MIDI_OUT_DISCONNECTED[] = "MODis";
-
 /// Holds the roster with the built-in synthesiser and the system's instruments, and keeps what is
 /// connected and TPrefs::CoMO true to each other. The application is told by rmmc that there are
 /// other outputs, by ummr that one was connected or cut off. Window thread; the producer outlives

@@ -24,12 +24,36 @@ struct TThemeColours {
   QRgb frame;  // around controls
 };
 
-constexpr TThemeColours LIGHT{0xFFEFEFEF, 0xFFFFFFFF, 0xFFEFEFEF, 0xFF000000, 0xFF6E6E6E,
-                              0xFF1A5FB4, 0xFFFFFFFF, 0xFF0B57D0, 0xFF7B1FA2, 0xFF868686};
-constexpr TThemeColours DARK{0xFF2B2B2B, 0xFF1E1E1E, 0xFF3A3A3A, 0xFFE6E6E6, 0xFF9A9A9A,
-                             0xFF2F6CC8, 0xFFFFFFFF, 0xFF8AB4F8, 0xFFD7AEFB, 0xFF828282};
-constexpr TThemeColours CONTRAST{0xFF000000, 0xFF000000, 0xFF000000, 0xFFFFFFFF, 0xFFB0B0B0,
-                                 0xFFFFFF00, 0xFF000000, 0xFFFFFF00, 0xFFFF9CFF, 0xFFFFFFFF};
+constexpr TThemeColours LIGHT{.window = 0xFFEFEFEF,
+                              .base = 0xFFFFFFFF,
+                              .button = 0xFFEFEFEF,
+                              .text = 0xFF000000,
+                              .disabled = 0xFF6E6E6E,
+                              .highlight = 0xFF1A5FB4,
+                              .highlighted = 0xFFFFFFFF,
+                              .link = 0xFF0B57D0,
+                              .visited = 0xFF7B1FA2,
+                              .frame = 0xFF868686};
+constexpr TThemeColours DARK{.window = 0xFF2B2B2B,
+                             .base = 0xFF1E1E1E,
+                             .button = 0xFF3A3A3A,
+                             .text = 0xFFE6E6E6,
+                             .disabled = 0xFF9A9A9A,
+                             .highlight = 0xFF2F6CC8,
+                             .highlighted = 0xFFFFFFFF,
+                             .link = 0xFF8AB4F8,
+                             .visited = 0xFFD7AEFB,
+                             .frame = 0xFF828282};
+constexpr TThemeColours CONTRAST{.window = 0xFF000000,
+                                 .base = 0xFF000000,
+                                 .button = 0xFF000000,
+                                 .text = 0xFFFFFFFF,
+                                 .disabled = 0xFFB0B0B0,
+                                 .highlight = 0xFFFFFF00,
+                                 .highlighted = 0xFF000000,
+                                 .link = 0xFFFFFF00,
+                                 .visited = 0xFFFF9CFF,
+                                 .frame = 0xFFFFFFFF};
 
 QPalette palette_of(const TThemeColours& colours) {
   QPalette palette{QColor(colours.button), QColor(colours.window)};

@@ -2,11 +2,14 @@
 #include "console/options.h"
 
 #include <charconv>
-#include <cstdlib>
+#include <chrono>
 #include <string_view>
 
+#include "app/settings/prefs.h"
 #include "common/context.h"
+#include "common/text/ascii.h"
 #include "common/text/number.h"
+#include "run/screen/file_drives.h"
 
 namespace zoka {
 namespace {
@@ -41,7 +44,6 @@ constexpr TCommandRow COMMANDS[] = {
 };
 
 constexpr size_t MAX_MML_STRINGS = 6;
-constexpr int32_t MAX_DRIVE = 14;
 constexpr double MAX_TIMEOUT_SECONDS = 1e9;
 
 bool parse_int(const std::string& text, int32_t low, int32_t high, int32_t* value) {
@@ -50,43 +52,41 @@ bool parse_int(const std::string& text, int32_t low, int32_t high, int32_t* valu
          *value <= high;
 }
 
+/// A word that an option's value may be, and what it stands for.
+template <typename T>
+struct TChoice {
+  std::string_view word;
+  T meaning;
+};
+
+template <typename T, size_t N>
+bool set_choice(const TChoice<T> (&choices)[N], std::string_view value, T* meaning) {
+  for (const TChoice<T>& choice : choices) {
+    if (choice.word != value) continue;
+    *meaning = choice.meaning;
+    return true;
+  }
+  return false;
+}
+
 bool set_language(TOptions* options, const std::string& value) {
-  if (value == "en")
-    options->language = TLanguage::English;
-  else if (value == "ja")
-    options->language = TLanguage::Japanese;
-  else if (value == "keys")
-    options->language = TLanguage::Keys;
-  else
-    return false;
-  return true;
+  constexpr TChoice<TLanguage> LANGUAGES[] = {
+      {"en", TLanguage::English}, {"ja", TLanguage::Japanese}, {"keys", TLanguage::Keys}};
+  return set_choice(LANGUAGES, value, &options->language);
 }
 
 bool set_encoding(TOptions* options, const std::string& value) {
-  // The indices of the encoding menu; its separator counts as one.
-  if (value == "auto")
-    options->encoding = 0;
-  else if (value == "utf8")
-    options->encoding = 2;
-  else if (value == "sjis")
-    options->encoding = 3;
-  else if (value == "jis")
-    options->encoding = 4;
-  else
-    return false;
-  return true;
+  constexpr TChoice<int32_t> ENCODINGS[] = {{"auto", ENCODING_AUTO},
+                                            {"utf8", ENCODING_UTF8},
+                                            {"sjis", ENCODING_SJIS},
+                                            {"jis", ENCODING_JIS}};
+  return set_choice(ENCODINGS, value, &options->encoding.emplace());
 }
 
 bool set_compat(TOptions* options, const std::string& value) {
-  if (value == "auto")
-    options->compat = 0;
-  else if (value == "disk")
-    options->compat = 2;
-  else if (value == "dos")
-    options->compat = 3;
-  else
-    return false;
-  return true;
+  constexpr TChoice<int32_t> MODES[] = {
+      {"auto", COMPAT_AUTO}, {"disk", COMPAT_DISK}, {"dos", COMPAT_DOS}};
+  return set_choice(MODES, value, &options->compat.emplace());
 }
 
 bool set_config(TOptions* options, const std::string& value) {
@@ -104,7 +104,7 @@ bool set_drive(TOptions* options, const std::string& value) {
   size_t equal = value.find('=');
   int32_t drive = 0;
   if (equal == value.npos || equal + 1 == value.size()) return false;
-  if (!parse_int(value.substr(0, equal), 1, MAX_DRIVE, &drive)) return false;
+  if (!parse_int(value.substr(0, equal), 1, DRIVE_COUNT, &drive)) return false;
   options->drives[drive] = value.substr(equal + 1);
   return true;
 }
@@ -149,8 +149,7 @@ bool set_plain(TOptions* options, const std::string&) {
 bool has_pattern(std::string_view value, std::string_view pattern) {
   if (value.size() != pattern.size()) return false;
   for (size_t i = 0; i < value.size(); ++i) {
-    bool isDigit = value[i] >= '0' && value[i] <= '9';
-    if (pattern[i] == '9' ? !isDigit : value[i] != pattern[i]) return false;
+    if (pattern[i] == '9' ? !is_digit(value[i]) : value[i] != pattern[i]) return false;
   }
   return true;
 }
@@ -159,12 +158,10 @@ bool set_clock(TOptions* options, const std::string& value) {
   if (!has_pattern(value, "9999-99-99T99:99:99")) return false;
   auto part = [&](size_t at, size_t digits) { return parse_long(value.substr(at, digits)); };
   TLocalTime time{part(0, 4), part(5, 2), part(8, 2), part(11, 2), part(14, 2), part(17, 2)};
-  constexpr int DAYS[12] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  if (time.month < 1 || time.month > 12 || time.day < 1) return false;
-  bool isLeap = (time.year % 4 == 0 && time.year % 100 != 0) || time.year % 400 == 0;
-  int days = DAYS[time.month - 1] + (time.month == 2 && isLeap ? 1 : 0);
-  if (time.day > days || time.hour < 0 || time.hour > 23) return false;
-  if (time.minute < 0 || time.minute > 59 || time.second < 0 || time.second > 59) return false;
+  const std::chrono::year_month_day date{std::chrono::year(time.year),
+                                         std::chrono::month(static_cast<unsigned>(time.month)),
+                                         std::chrono::day(static_cast<unsigned>(time.day))};
+  if (!date.ok() || time.hour > 23 || time.minute > 59 || time.second > 59) return false;
   options->clock = time;
   return true;
 }

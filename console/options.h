@@ -37,14 +37,14 @@ struct TOptions {
   std::string file;
   std::vector<std::string> mml;
   TLanguage language = TLanguage::English;
-  /// Encoding index as the open panel numbers them; -1 for the preference.
+  /// A value of the Encoding menu; none: the stored preference.
   std::optional<int32_t> encoding;
-  /// 0, 2 or 3; none: the stored preference.
+  /// A COMPAT_ value; none: the stored preference.
   std::optional<int32_t> compat;
   bool noConfig = false;
   std::string configFolder;
   std::vector<std::string> typed;
-  std::map<int32_t, std::string> drives;  // drive number 1 to 14 to folder
+  std::map<int32_t, std::string> drives;  // drive number to folder
   std::string start;
   std::optional<double> timeoutSeconds;
   std::string screenshot;

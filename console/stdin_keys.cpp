@@ -2,7 +2,6 @@
 #include "console/stdin_keys.h"
 
 #include <poll.h>
-#include <sys/eventfd.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -39,23 +38,20 @@ std::deque<TFeedItem> keys_of_text(std::string* text) {
   return items;
 }
 
-TStdinKeys::TStdinKeys(TKeyFeeder& feeder)
-    : mFeeder(feeder), mQuitFd(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+TStdinKeys::TStdinKeys(TKeyFeeder& feeder) : mFeeder(feeder) {
   mThread = std::thread([this] { Run(); });
 }
 
 TStdinKeys::~TStdinKeys() {
-  uint64_t one = 1;
-  [[maybe_unused]] ssize_t written = ::write(mQuitFd, &one, sizeof one);
+  mQuit.Set();
   mThread.join();
-  ::close(mQuitFd);
 }
 
 void TStdinKeys::Run() {
   std::string pending;
   bool lineOpen = false;
   for (;;) {
-    pollfd fds[2] = {{mQuitFd, POLLIN, 0}, {STDIN_FILENO, POLLIN, 0}};
+    pollfd fds[2] = {{mQuit.Fd(), POLLIN, 0}, {STDIN_FILENO, POLLIN, 0}};
     if (::poll(fds, 2, -1) < 0 && errno != EINTR) break;
     if (fds[0].revents != 0) return;
     if (fds[1].revents == 0) continue;

@@ -3,6 +3,7 @@
 
 #include <thread>
 
+#include "console/quit_event.h"
 #include "run/key_feeder.h"
 
 namespace zoka {
@@ -21,7 +22,7 @@ class TStdinKeys {
   void Run();
 
   TKeyFeeder& mFeeder;
-  int mQuitFd;
+  TQuitEvent mQuit;
   std::thread mThread;
 };
 

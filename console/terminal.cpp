@@ -3,7 +3,6 @@
 
 #include <poll.h>
 #include <signal.h>
-#include <sys/eventfd.h>
 #include <sys/ioctl.h>
 #include <sys/signalfd.h>
 #include <termios.h>
@@ -59,8 +58,7 @@ void TTerminal::Restore() {
   ::tcsetattr(STDIN_FILENO, TCSADRAIN, &gSavedMode);
 }
 
-TTerminal::TTerminal(TRunView& view, TKeyFeeder& feeder)
-    : mView(view), mFeeder(feeder), mQuitFd(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+TTerminal::TTerminal(TRunView& view, TKeyFeeder& feeder) : mView(view), mFeeder(feeder) {
   sigset_t set = suspend_signal();
   mSuspendFd = signalfd(-1, &set, SFD_CLOEXEC | SFD_NONBLOCK);
   enter_raw_mode();
@@ -68,10 +66,9 @@ TTerminal::TTerminal(TRunView& view, TKeyFeeder& feeder)
 }
 
 TTerminal::~TTerminal() {
-  uint64_t one = 1;
-  [[maybe_unused]] ssize_t written = ::write(mQuitFd, &one, sizeof one);
+  mQuit.Set();
   mThread.join();
-  for (int fd : {mQuitFd, mSuspendFd}) ::close(fd);
+  ::close(mSuspendFd);
   Show();
   write_all(STDOUT_FILENO, mScreen.Leave());
   Restore();
@@ -84,7 +81,7 @@ void TTerminal::Run() {
 }
 
 bool TTerminal::ReadKeys(int timeoutMs) {
-  pollfd fds[3] = {{mQuitFd, POLLIN, 0}, {STDIN_FILENO, POLLIN, 0}, {mSuspendFd, POLLIN, 0}};
+  pollfd fds[3] = {{mQuit.Fd(), POLLIN, 0}, {STDIN_FILENO, POLLIN, 0}, {mSuspendFd, POLLIN, 0}};
   int ready = ::poll(fds, 3, timeoutMs);
   if (fds[0].revents != 0) return false;
   if (ready > 0 && fds[2].revents != 0) Suspend();

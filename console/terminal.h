@@ -6,6 +6,7 @@
 #include <string>
 #include <thread>
 
+#include "console/quit_event.h"
 #include "console/terminal_screen.h"
 #include "run/key_feeder.h"
 
@@ -42,7 +43,7 @@ class TTerminal {
   TKeyFeeder& mFeeder;
   TTerminalScreen mScreen;
   std::string mPending;
-  int mQuitFd;
+  TQuitEvent mQuit;
   int mSuspendFd;
   std::thread mThread;
 };

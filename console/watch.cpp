@@ -3,7 +3,6 @@
 
 #include <poll.h>
 #include <signal.h>
-#include <sys/eventfd.h>
 #include <sys/signalfd.h>
 #include <sys/timerfd.h>
 #include <unistd.h>
@@ -42,21 +41,19 @@ TWatch::TWatch(std::optional<double> timeoutSeconds, std::function<void()> stop,
   pthread_sigmask(SIG_BLOCK, &set, nullptr);
   mSignalFd = signalfd(-1, &set, SFD_CLOEXEC | SFD_NONBLOCK);
   mTimerFd = timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK);
-  mQuitFd = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
   if (timeoutSeconds) arm(mTimerFd, *timeoutSeconds);
   mThread = std::thread([this] { Run(); });
 }
 
 TWatch::~TWatch() {
-  uint64_t one = 1;
-  [[maybe_unused]] ssize_t written = ::write(mQuitFd, &one, sizeof one);
+  mQuit.Set();
   mThread.join();
-  for (int fd : {mSignalFd, mTimerFd, mQuitFd}) ::close(fd);
+  for (int fd : {mSignalFd, mTimerFd}) ::close(fd);
 }
 
 void TWatch::Run() {
   for (;;) {
-    pollfd fds[3] = {{mQuitFd, POLLIN, 0}, {mSignalFd, POLLIN, 0}, {mTimerFd, POLLIN, 0}};
+    pollfd fds[3] = {{mQuit.Fd(), POLLIN, 0}, {mSignalFd, POLLIN, 0}, {mTimerFd, POLLIN, 0}};
     if (::poll(fds, 3, -1) < 0) continue;
     if (fds[0].revents != 0) return;
     int status = EXIT_TIMEOUT;

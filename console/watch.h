@@ -7,6 +7,8 @@
 #include <optional>
 #include <thread>
 
+#include "console/quit_event.h"
+
 namespace zoka {
 
 /// Made before any other thread, so that all inherit the blocked signals. Lives as long as the run.
@@ -33,7 +35,7 @@ class TWatch {
   std::function<void()> mRestore;
   int mSignalFd = -1;
   int mTimerFd = -1;
-  int mQuitFd = -1;
+  TQuitEvent mQuit;
   std::atomic<int> mStatus{0};
   std::thread mThread;
 };

@@ -50,11 +50,6 @@ void DebugBasicBLineBegin(TVMachine& m, const TVMCode* code) {
   debugger_of(m).LineBegun();
 }
 
-/// The call of ON ... GOSUB is reported by ExeBasicOnGosubGotoGosubInvoked.
-void DebugBasicOnGosubGoto(TVMachine& m, const TVMCode* code) {
-  ExeBasicOnGosubGoto(m, code);
-}
-
 std::vector<TVMHandler> make_debug_table() {
   using enum TVMCodeCmd;
   const TVMHandler* base = vm_handler_table();
@@ -69,7 +64,6 @@ std::vector<TVMHandler> make_debug_table() {
   replace(BExit, DebugBasicBExit);
   replace(BAssignArray, DebugBasicBAssignArray);
   replace(BLineBegin, DebugBasicBLineBegin);
-  replace(OnGosub, DebugBasicOnGosubGoto);
   return table;
 }
 

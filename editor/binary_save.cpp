@@ -4,6 +4,7 @@
 
 #include <charconv>
 
+#include "common/text/ascii.h"
 #include "editor/binary_save_number.h"
 #include "editor/binary_save_words.h"
 
@@ -149,9 +150,7 @@ class TDecoder {
   }
 
   void DecodeHex() {
-    mText += "&H";
-    for (const char digit : number_text(BinSaveGetInt16(), 16))
-      mText.push_back(digit >= 'a' ? static_cast<char>(digit - 'a' + 'A') : digit);
+    mText += "&H" + to_upper(number_text(BinSaveGetInt16(), 16));
   }
 
   void BinSaveDecodeDQuote() {

@@ -13,12 +13,6 @@
 
 namespace zoka {
 
-/// How a list is to be read, by the place of the item in the open panel's menu, whose second item
-/// is a separator (ENCODING_AUTO is the first). Any other value takes the text as it is.
-constexpr int32_t ENCODING_UTF8 = 2;
-constexpr int32_t ENCODING_SJIS = 3;
-constexpr int32_t ENCODING_JIS = 4;
-
 /// The longest file that is taken for a list: far above any list, and small enough to be converted.
 constexpr size_t MAX_LIST_BYTES = 64 * 1024 * 1024;
 
@@ -36,7 +30,8 @@ struct TListText {
 /// What prevents the reading of a list.
 enum class TListFault : uint8_t { None, CannotLoad, BadBinSave };
 
-/// Makes text of the bytes of a list file. `cv98`: replace what only the PC-98 has. On a fault
+/// Makes text of the bytes of a list file. `encoding` is a value of the Encoding menu; any other
+/// one takes the text as it is. `cv98`: replace what only the PC-98 has. On a fault
 /// `list` stays as it was.
 TListFault list_from_bytes(std::string bytes, int32_t encoding, bool cv98, TListText* list);
 

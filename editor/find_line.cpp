@@ -3,14 +3,11 @@
 
 #include <string>
 
+#include "common/text/ascii.h"
 #include "common/text/number.h"
 
 namespace zoka {
 namespace {
-
-bool is_digit(char c) {
-  return c >= '0' && c <= '9';
-}
 
 /// True if `line` has a number and it is that.
 bool has_number(std::string_view line, int32_t lineNum) {

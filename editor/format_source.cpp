@@ -36,7 +36,7 @@ TFmtSrc CreateFmtSrc(std::string_view text) {
   source.mText = text;
   source.mEditorSize = text.size();
   std::replace(source.mText.begin(), source.mText.end(), '\r', '\n');
-  std::replace(source.mText.begin(), source.mText.end(), '\x1A', '\n');
+  std::replace(source.mText.begin(), source.mText.end(), END_MARK, '\n');
   source.Number();
   source.CutLines();
   source.MapLines(text);

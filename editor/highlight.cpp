@@ -5,27 +5,13 @@
 #include <string>
 #include <unordered_map>
 
+#include "common/text/ascii.h"
+
 namespace zoka {
 namespace {
 
-bool is_letter(char c) {
-  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-}
-bool is_digit(char c) {
-  return c >= '0' && c <= '9';
-}
-char upper(char c) {
-  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
 bool is_word_byte(char c) {
   return is_letter(c) || is_digit(c) || std::string_view("_.@%!#$").find(c) != std::string::npos;
-}
-
-std::string upper_case(std::string_view text) {
-  std::string result(text);
-  for (char& c : result) c = upper(c);
-  return result;
 }
 
 struct TWord {
@@ -108,11 +94,11 @@ class TLineReader {
 
   void ReadNumber() {
     size_t length = 1;
-    const bool hex = Rest().size() > 1 && Rest()[0] == '&' && upper(Rest()[1]) == 'H';
+    const bool hex = Rest().size() > 1 && Rest()[0] == '&' && to_upper(Rest()[1]) == 'H';
     while (length < Rest().size()) {
       const char c = Rest()[length];
       const bool belongs = is_digit(c) || c == '.' || c == '%' || c == '!' || c == '#' ||
-                           (hex && (length == 1 || (upper(c) >= 'A' && upper(c) <= 'F')));
+                           (hex && (length == 1 || (to_upper(c) >= 'A' && to_upper(c) <= 'F')));
       if (!belongs) break;
       ++length;
     }
@@ -121,8 +107,8 @@ class TLineReader {
 
   void ReadWord() {
     size_t length = word_length(Rest());
-    std::string word = upper_case(Rest().substr(0, length));
-    if (word == "GO" && upper_case(Rest().substr(0, 5)) == "GO TO") {
+    std::string word = to_upper(Rest().substr(0, length));
+    if (word == "GO" && to_upper(Rest().substr(0, 5)) == "GO TO") {
       word = "GOTO";
       length = 5;
     }
@@ -158,7 +144,7 @@ size_t word_length(std::string_view text) {
 }
 
 TTextStyle style_of_word(std::string_view word) {
-  const auto found = word_table().find(upper_case(word));
+  const auto found = word_table().find(to_upper(word));
   return found != word_table().end() ? found->second : TTextStyle::Plain;
 }
 

@@ -8,11 +8,10 @@
 #include "common/text/number.h"
 #include "editor/format_source.h"
 #include "editor/highlight.h"
+#include "editor/renumber.h"
 
 namespace zoka {
 namespace {
-
-constexpr char END_MARK = '\x1A';
 
 /// How many targets may stand at the present place.
 enum class TExpected : uint8_t { Nothing, One, List };

@@ -10,8 +10,6 @@ namespace zoka {
 
 namespace {
 
-constexpr char END_MARK = '\x1A';
-
 size_t skip_digits(std::string_view text, size_t at) {
   while (at < text.size() && is_digit(text[at])) ++at;
   return at;

@@ -9,6 +9,9 @@
 
 namespace zoka {
 
+/// Ends a list that is renumbered, and a line of one that is compiled.
+constexpr char END_MARK = '\x1A';
+
 /// Numbers where the user gives none.
 constexpr int32_t DEFAULT_NEW_LINE = 10;
 constexpr int32_t DEFAULT_STEP = 10;

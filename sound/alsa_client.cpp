@@ -18,12 +18,8 @@ constexpr unsigned NANOSECONDS = 1000;
 
 constexpr unsigned NEEDED = SND_SEQ_PORT_CAP_WRITE | SND_SEQ_PORT_CAP_SUBS_WRITE;
 
-int byte_at(const std::string& bytes, size_t index) {
-  return index < bytes.size() ? static_cast<unsigned char>(bytes[index]) : 0;
-}
-
 unsigned char data_at(const std::string& bytes, size_t index) {
-  return static_cast<unsigned char>(byte_at(bytes, index));
+  return static_cast<unsigned char>(midi_byte(bytes, index));
 }
 
 snd_seq_event_t empty_event(TAlsaAddress from, TAlsaAddress to) {
@@ -46,7 +42,7 @@ void set_control(snd_seq_event_t* event, int channel, unsigned param, int value)
 // The control changes of silence on all channels, for a port, at once.
 void append_silence(std::vector<snd_seq_event_t>* events, TAlsaAddress from, TAlsaAddress to) {
   for (int channel = 0; channel < MIDI_CHANNEL_COUNT; ++channel) {
-    for (const uint8_t control : {MIDI_ALL_NOTES_OFF, MIDI_ALL_SOUND_OFF, MIDI_RESET_CONTROLLERS}) {
+    for (const uint8_t control : MIDI_SILENCE) {
       events->push_back(empty_event(from, to));
       set_control(&events->back(), channel, control, 0);
     }
@@ -63,7 +59,7 @@ TCrashEvents gCrashEvents;
 
 // False if the message is of no kind that we send.
 bool set_message(snd_seq_event_t* event, const std::string& bytes) {
-  const int status = byte_at(bytes, 0);
+  const int status = midi_byte(bytes, 0);
   const auto channel = static_cast<unsigned char>(status & 0x0F);
   if (status == MIDI_SYSEX_START) {
     event->type = SND_SEQ_EVENT_SYSEX;
@@ -81,12 +77,12 @@ bool set_message(snd_seq_event_t* event, const std::string& bytes) {
       event->data.note.velocity = data_at(bytes, 2);
       return true;
     case MIDI_CONTROL_CHANGE:
-      set_control(event, channel, static_cast<unsigned>(byte_at(bytes, 1)), byte_at(bytes, 2));
+      set_control(event, channel, static_cast<unsigned>(midi_byte(bytes, 1)), midi_byte(bytes, 2));
       return true;
     case MIDI_PROGRAM_CHANGE:
       event->type = SND_SEQ_EVENT_PGMCHANGE;
       event->data.control.channel = channel;
-      event->data.control.value = byte_at(bytes, 1);
+      event->data.control.value = midi_byte(bytes, 1);
       return true;
     default:
       return false;

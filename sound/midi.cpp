@@ -220,7 +220,7 @@ std::string midi_out_name() {
 
 void spray_silence(TMidiLocalProducer& producer) {
   for (uint8_t channel = 0; channel < MIDI_CHANNEL_COUNT; ++channel) {
-    for (const uint8_t control : {MIDI_ALL_NOTES_OFF, MIDI_ALL_SOUND_OFF, MIDI_RESET_CONTROLLERS}) {
+    for (const uint8_t control : MIDI_SILENCE) {
       producer.SprayControlChange(channel, control, 0, 0);
     }
   }

@@ -24,10 +24,11 @@ namespace zoka {
 /// Channels of a MIDI connection.
 constexpr uint8_t MIDI_CHANNEL_COUNT = 16;
 
-/// Control changes of silence.
+/// Control changes of silence, and all of them in the order in which they are sent.
 constexpr uint8_t MIDI_ALL_SOUND_OFF = 0x78;
 constexpr uint8_t MIDI_RESET_CONTROLLERS = 0x79;
 constexpr uint8_t MIDI_ALL_NOTES_OFF = 0x7B;
+constexpr uint8_t MIDI_SILENCE[] = {MIDI_ALL_NOTES_OFF, MIDI_ALL_SOUND_OFF, MIDI_RESET_CONTROLLERS};
 
 /// Status bytes, to be combined with the channel.
 constexpr uint8_t MIDI_NOTE_OFF = 0x80;
@@ -43,6 +44,11 @@ struct TMidiEvent {
   bigtime_t time = 0;
   std::string bytes;
 };
+
+/// A byte of a message; 0 behind its end.
+inline int midi_byte(const std::string& bytes, size_t index) {
+  return index < bytes.size() ? static_cast<unsigned char>(bytes[index]) : 0;
+}
 
 /// Takes events. Receive is called on the sending thread, by one thread at a time, in the order of
 /// sending; it must be short, must not block and must not call the producer.

@@ -3,6 +3,7 @@
 // PLAY.
 #include <algorithm>
 
+#include "common/text/ascii.h"
 #include "sound/mml_player.h"
 #include "sound/mml_tables.h"
 
@@ -68,10 +69,7 @@ const std::array<TMmlPlayer::TCompileFunc, MML_TOKEN_KINDS> TMmlPlayer::funcTabl
 
 bool TMmlPlayer::SetMml(int16_t ch, std::string_view text, const TPlayCaller& caller) {
   if (text.empty() || ch < 0 || ch >= MML_CHANNELS) return false;
-  mText.assign(text);
-  for (char& c : mText) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  }
+  mText = to_upper(text);
   mScanner = TMmlScanner(mText);
   curCh = ch;
   mCaller = &caller;

@@ -262,7 +262,7 @@ void TMmlPlayer::SilenceChannel(int16_t ch) {
   if (!out) return;
   const bigtime_t now = Clock().system_time();
   const auto channel = static_cast<uint8_t>(ch);
-  for (const uint8_t control : {MIDI_ALL_NOTES_OFF, MIDI_ALL_SOUND_OFF, MIDI_RESET_CONTROLLERS}) {
+  for (const uint8_t control : MIDI_SILENCE) {
     out->SprayControlChange(channel, control, 0, now);
   }
   for (size_t note = 0; note < mSounding[channel].size(); ++note) {

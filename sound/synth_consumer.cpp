@@ -19,7 +19,6 @@ constexpr bigtime_t MAX_LEAD = 200000;
 constexpr bigtime_t MAX_UNPLAYED = 100000;
 
 constexpr bigtime_t PUMP_SPAN = SECOND / 50;
-constexpr int64_t TAIL_FRAMES = int64_t{SYNTH_RATE} * 3;
 
 // What a device holds: enough that a busy machine does not interrupt the sound, and no more than is
 // heard as late.
@@ -84,7 +83,7 @@ void TSynthPlayer::Render(float* left, float* right, size_t frames) {
     mSilentFrames = 0;
   }
   mSilentFrames = mSynth->IsSounding() ? 0 : mSilentFrames + static_cast<int64_t>(frames);
-  if (mSilentFrames > TAIL_FRAMES) {
+  if (mSilentFrames > SYNTH_TAIL_FRAMES) {
     std::fill(left + done, left + frames, 0.0F);
     std::fill(right + done, right + frames, 0.0F);
   } else if (frames > done) {

@@ -25,10 +25,6 @@ const char* find_soundfont() {
   return nullptr;
 }
 
-int byte_at(const std::string& bytes, size_t index) {
-  return index < bytes.size() ? static_cast<unsigned char>(bytes[index]) : 0;
-}
-
 }  // namespace
 
 std::unique_ptr<TSynthesizer> TSynthesizer::Create() {
@@ -58,7 +54,7 @@ TSynthesizer::~TSynthesizer() {
 }
 
 void TSynthesizer::Apply(const std::string& bytes) {
-  const int status = byte_at(bytes, 0);
+  const int status = midi_byte(bytes, 0);
   const int channel = status & 0x0F;
   if (status == MIDI_SYSEX_START) {
     if (bytes.size() < 2) return;
@@ -68,16 +64,16 @@ void TSynthesizer::Apply(const std::string& bytes) {
   }
   switch (status & 0xF0) {
     case MIDI_NOTE_ON:
-      mApi.fluid_synth_noteon(mSynth, channel, byte_at(bytes, 1), byte_at(bytes, 2));
+      mApi.fluid_synth_noteon(mSynth, channel, midi_byte(bytes, 1), midi_byte(bytes, 2));
       break;
     case MIDI_NOTE_OFF:
-      mApi.fluid_synth_noteoff(mSynth, channel, byte_at(bytes, 1));
+      mApi.fluid_synth_noteoff(mSynth, channel, midi_byte(bytes, 1));
       break;
     case MIDI_CONTROL_CHANGE:
-      mApi.fluid_synth_cc(mSynth, channel, byte_at(bytes, 1), byte_at(bytes, 2));
+      mApi.fluid_synth_cc(mSynth, channel, midi_byte(bytes, 1), midi_byte(bytes, 2));
       break;
     case MIDI_PROGRAM_CHANGE:
-      mApi.fluid_synth_program_change(mSynth, channel, byte_at(bytes, 1));
+      mApi.fluid_synth_program_change(mSynth, channel, midi_byte(bytes, 1));
       break;
     default:
       break;

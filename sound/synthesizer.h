@@ -11,6 +11,8 @@ namespace zoka {
 
 /// Samples a second of everything that the synthesiser makes.
 constexpr int32_t SYNTH_RATE = 44100;
+/// The room's echo is made for so long behind the last note.
+constexpr int64_t SYNTH_TAIL_FRAMES = int64_t{SYNTH_RATE} * 3;
 
 /// A software synthesiser with a General MIDI soundfont. One thread at a time.
 class TSynthesizer {

@@ -18,7 +18,6 @@ constexpr uint32_t BYTES_PER_SAMPLE = 2;
 constexpr uint32_t FRAME_BYTES = CHANNELS * BYTES_PER_SAMPLE;
 constexpr uint32_t HEADER_BYTES = 44;
 constexpr int64_t MAX_FRAMES = (int64_t{UINT32_MAX} - HEADER_BYTES) / FRAME_BYTES;
-constexpr int64_t TAIL_FRAMES = int64_t{SYNTH_RATE} * 3;
 constexpr size_t BLOCK_FRAMES = 1024;
 
 struct TFileCloser {
@@ -82,7 +81,7 @@ class TWavWriter {
   // A long silence costs nothing: what echoes of the last note is over by then.
   void RenderBlock(size_t frames) {
     mSilentFrames = mSynth.IsSounding() ? 0 : mSilentFrames + static_cast<int64_t>(frames);
-    if (mSilentFrames > TAIL_FRAMES) {
+    if (mSilentFrames > SYNTH_TAIL_FRAMES) {
       mLeft.fill(0);
       mRight.fill(0);
     } else {
@@ -128,7 +127,7 @@ bool write_wav_file(const std::string& path, const std::vector<TMidiEvent>& even
     if (!writer.IsGood()) break;
     synth->Apply(event.bytes);
   }
-  const int64_t end = writer.Frames() + TAIL_FRAMES;
+  const int64_t end = writer.Frames() + SYNTH_TAIL_FRAMES;
   while (writer.IsGood() && writer.Frames() < end && synth->IsSounding()) {
     writer.RenderTo(std::min<int64_t>(writer.Frames() + int64_t{BLOCK_FRAMES}, end));
   }

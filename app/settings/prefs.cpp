@@ -32,7 +32,7 @@ int32_t clean_CmpM(int32_t mode) {
 }
 
 int32_t clean_DEnc(int32_t index) {
-  return index > ENCODING_SEPARATOR && index <= MAX_ENCODING ? index : ENCODING_AUTO;
+  return index > ENCODING_SEPARATOR && index <= ENCODING_JIS ? index : ENCODING_AUTO;
 }
 
 }  // namespace

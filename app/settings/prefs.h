@@ -22,10 +22,12 @@ constexpr const char DEFAULT_EDIT_FONT[] = "IPAGothic";
 /// Points; what fills the run window's cell.
 constexpr float DEFAULT_RUN_FONT_SIZE = 14;
 
-/// Values of DEnc that the Encoding menu has: 0 and 2 to 4 (1 is a separator).
+/// How a list is to be read: values of DEnc, which are the places in the Encoding menu.
 constexpr int32_t ENCODING_AUTO = 0;
-constexpr int32_t ENCODING_SEPARATOR = 1;
-constexpr int32_t MAX_ENCODING = 4;
+constexpr int32_t ENCODING_SEPARATOR = 1;  // a place, and no value
+constexpr int32_t ENCODING_UTF8 = 2;
+constexpr int32_t ENCODING_SJIS = 3;
+constexpr int32_t ENCODING_JIS = 4;
 
 // One row a field, in the order of the file: key (also the member's name), default, and for numbers
 // the range. CHOICE rows have no range but a rule of their own, see prefs.cpp.

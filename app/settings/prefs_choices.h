@@ -9,7 +9,7 @@
 namespace zoka {
 
 /// Labels of the menus, keys of the catalogue; a null is a separator.
-constexpr std::array<const char*, MAX_ENCODING + 1> ENCODING_ITEMS{
+constexpr std::array<const char*, ENCODING_JIS + 1> ENCODING_ITEMS{
     "Auto Detect", nullptr, "UTF-8 (BeOS)", "Shift-JIS (DOS-BASIC)", "JIS / NEC JIS (DISK-BASIC)"};
 constexpr std::array<const char*, COMPAT_DOS + 1> COMPAT_ITEMS{"Auto Detect", nullptr, "DISK-BASIC",
                                                                "DOS-BASIC"};
@@ -17,7 +17,7 @@ constexpr std::array<const char*, COMPAT_DOS + 1> COMPAT_ITEMS{"Auto Detect", nu
 /// True if lists of that encoding may hold characters that only the PC-98 has: the conversion of
 /// these can be chosen only then.
 constexpr bool may_have_pc98_characters(int32_t encoding) {
-  return encoding == ENCODING_AUTO || encoding == MAX_ENCODING;
+  return encoding == ENCODING_AUTO || encoding == ENCODING_JIS;
 }
 
 }  // namespace zoka

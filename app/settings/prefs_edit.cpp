@@ -182,7 +182,7 @@ const std::string& TPrefsEdit::FontFamily(TPrefsFont font) const {
 }
 
 void TPrefsEdit::SetEncoding(int32_t place) {
-  if (place < 0 || place > MAX_ENCODING || place == ENCODING_SEPARATOR) return;
+  if (place < 0 || place > ENCODING_JIS || place == ENCODING_SEPARATOR) return;
   mPrefs.DEnc = place;
   Notify("pdec", false);
 }
@@ -207,8 +207,8 @@ void TPrefsEdit::ToggleMidiOut(int32_t id, const std::string& name) {
     mPrefs.CoMO.push_back(name);
   }
   TMessage message("pmoc");
-  message.AddInt32("be:id", id);
-  message.AddBool("MODis", wanted);
+  message.AddInt32(MIDI_OUT_ID, id);
+  message.AddBool(MIDI_OUT_DISCONNECTED, wanted);
   mNotify(message, false);
 }
 

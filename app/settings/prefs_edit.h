@@ -22,6 +22,11 @@ bool AdjustValue(T* value, T min, T max) {
   return *value != given;
 }
 
+/// The name of a message's field with the roster's number of an output.
+constexpr const char MIDI_OUT_ID[] = "be:id";
+/// True in a message about an output that is no longer connected.
+constexpr const char MIDI_OUT_DISCONNECTED[] = "MODis";
+
 /// The numbers that are typed.
 enum class TPrefsNumber : uint8_t {
   MainFontSize,

@@ -4,6 +4,8 @@
 #include <QPainterPath>
 #include <cstring>
 
+#include "debugger/window/row_view.h"
+
 namespace zoka {
 namespace {
 
@@ -15,7 +17,6 @@ constexpr QRgb GO_COLOUR = 0xFF2E8B3D;
 constexpr QRgb KILL_COLOUR = 0xFFC83228;
 constexpr QRgb KILL_COLOUR_DARK = 0xFFF0685C;
 constexpr QRgb GO_COLOUR_DARK = 0xFF66C878;
-constexpr int DARK_LIGHTNESS = 128;
 
 void polygon(QPainter& painter, std::initializer_list<QPointF> points) {
   painter.drawPolygon(points.begin(), static_cast<int>(points.size()));
@@ -104,7 +105,7 @@ QPixmap picture(const TImage& image, int size, const QColor& colour) {
 }  // namespace
 
 QIcon GetBitmap(const char* name, const QPalette& palette) {
-  const bool dark = palette.color(QPalette::Button).lightness() < DARK_LIGHTNESS;
+  const bool dark = is_dark(palette.color(QPalette::Button));
   QIcon icon;
   for (const TImage& image : IMAGES) {
     if (std::strcmp(image.name, name) != 0) continue;

@@ -16,7 +16,6 @@
 namespace zoka {
 namespace {
 
-constexpr int DARK_LIGHTNESS = 128;
 constexpr int KEY_SCROLL_PIXELS = 24;
 constexpr int FOCUS_BAR_PIXELS = 3;
 
@@ -24,21 +23,25 @@ constexpr int FOCUS_BAR_PIXELS = 3;
 
 TRowColours row_colours(const QPalette& palette) {
   const QColor base = palette.color(QPalette::Base);
-  const bool dark = base.lightness() < DARK_LIGHTNESS;
-  if (!dark) {
-    return {Qt::white,
-            Qt::black,
-            QColor(255, 204, 204),
-            QColor(204, 204, 204),
-            QColor(0xB0, 0x20, 0x10),
-            QColor(0xD0, 0x30, 0x20)};
+  if (!is_dark(base)) {
+    return {.paper = Qt::white,
+            .text = Qt::black,
+            .breaking = QColor(0xFF, 0xCC, 0xCC),
+            .frame = QColor(0xCC, 0xCC, 0xCC),
+            .changed = QColor(0xB0, 0x20, 0x10),
+            .breakPoint = QColor(0xD0, 0x30, 0x20)};
   }
-  return {base,
-          palette.color(QPalette::Text),
-          QColor(0x6A, 0x28, 0x28),
-          QColor(0x80, 0x80, 0x80),
-          QColor(0xFF, 0xA8, 0x90),
-          QColor(0xFF, 0x5A, 0x4A)};
+  return {.paper = base,
+          .text = palette.color(QPalette::Text),
+          .breaking = QColor(0x6A, 0x28, 0x28),
+          .frame = QColor(0x80, 0x80, 0x80),
+          .changed = QColor(0xFF, 0xA8, 0x90),
+          .breakPoint = QColor(0xFF, 0x5A, 0x4A)};
+}
+
+bool is_dark(const QColor& colour) {
+  constexpr int HALF_LIGHTNESS = 128;
+  return colour.lightness() < HALF_LIGHTNESS;
 }
 
 TRowView::TRowView(QWidget* parent) : QAbstractScrollArea(parent) {

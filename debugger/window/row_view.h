@@ -22,6 +22,9 @@ struct TRowColours {
 };
 TRowColours row_colours(const QPalette& palette);
 
+/// True for a colour that light shapes are drawn on.
+bool is_dark(const QColor& colour);
+
 /// Window thread. Rows count from 0; NO_ROW is none. The copy key copies the selected row's text.
 class TRowView : public QAbstractScrollArea {
  public:

@@ -9,6 +9,7 @@
 #include "app/settings/exit_states.h"
 #include "debugger/debugger.h"
 #include "debugger/window/debug_commands.h"
+#include "editor/window/list_watch.h"
 
 namespace zoka {
 
@@ -161,18 +162,13 @@ void TDebugLink::Menu(int line, QPoint place) {
 }
 
 bool TDebugLink::ShowValue(QPoint place, QPoint global) {
-  const long position = mEdit.SendScintilla(QsciScintilla::SCI_POSITIONFROMPOINTCLOSE,
-                                            static_cast<unsigned long>(place.x()), place.y());
-  if (position < 0) return false;
-  const auto at = static_cast<unsigned long>(position);
-  const long line = mEdit.SendScintilla(QsciScintilla::SCI_LINEFROMPOSITION, at);
-  const auto length = static_cast<size_t>(
-      mEdit.SendScintilla(QsciScintilla::SCI_LINELENGTH, static_cast<unsigned long>(line)));
-  std::string text(length, '\0');
-  mEdit.SendScintilla(QsciScintilla::SCI_GETLINE, static_cast<unsigned long>(line), text.data());
-  const long start =
-      mEdit.SendScintilla(QsciScintilla::SCI_POSITIONFROMLINE, static_cast<unsigned long>(line));
-  const QString value = hover_value(mModel, text, static_cast<size_t>(position - start));
+  TListPlace below;
+  if (!place_below(mEdit, place, &below)) return false;
+  std::string text(static_cast<size_t>(edit_call(mEdit, QsciScintilla::SCI_LINELENGTH, below.line)),
+                   '\0');
+  mEdit.SendScintilla(QsciScintilla::SCI_GETLINE, static_cast<unsigned long>(below.line),
+                      text.data());
+  const QString value = hover_value(mModel, text, static_cast<size_t>(below.column));
   if (value.isEmpty()) return false;
   QToolTip::showText(global, value, &mEdit);
   return true;

@@ -9,14 +9,6 @@ namespace {
 
 using S = QsciScintillaBase;
 
-/// The place below the pointer; false if there is no text.
-bool place_below(const TEditTxtView& edit, const QPoint& point, TListPlace* place) {
-  const long position = edit_call(edit, S::SCI_POSITIONFROMPOINTCLOSE, point.x(), point.y());
-  if (position < 0) return false;
-  *place = place_of(edit, position);
-  return true;
-}
-
 }  // namespace
 
 TDefinitionJump::TDefinitionJump(TEditTxtView& edit, const TListWatch& watch)

@@ -9,8 +9,6 @@
 namespace zoka {
 namespace {
 
-using S = QsciScintillaBase;
-
 /// Characters of a line that a tip shows.
 constexpr qsizetype MAX_TIP_LENGTH = 120;
 
@@ -58,9 +56,8 @@ QString THoverHelp::TextAt(const TListPlace& place) const {
 bool THoverHelp::eventFilter(QObject* object, QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QObject::eventFilter(object, event);
   const auto& hover = static_cast<const QHelpEvent&>(*event);
-  const long position =
-      edit_call(mEdit, S::SCI_POSITIONFROMPOINTCLOSE, hover.pos().x(), hover.pos().y());
-  const QString text = position < 0 ? QString() : TextAt(place_of(mEdit, position));
+  TListPlace place;
+  const QString text = place_below(mEdit, hover.pos(), &place) ? TextAt(place) : QString();
   if (text.isEmpty()) {
     QToolTip::hideText();
   } else {

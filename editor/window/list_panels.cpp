@@ -6,7 +6,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 
-#include "app/settings/prefs.h"
+#include "app/settings/prefs_choices.h"
 #include "common/window/menu_label.h"
 #include "common/window/panel_completer.h"
 #include "editor/list_requests.h"
@@ -16,8 +16,6 @@ namespace {
 
 /// Wide enough for names, types and dates of files.
 constexpr QSize PANEL_SIZE(760, 480);
-constexpr const char* ENCODINGS[] = {"Auto Detect", "UTF-8 (BeOS)", "Shift-JIS (DOS-BASIC)",
-                                     "JIS / NEC JIS (DISK-BASIC)"};
 
 void set_name_filters(QFileDialog& panel, const TEngineContext& context) {
   const QString lists = localized(context, "BASIC Lists");
@@ -44,9 +42,14 @@ TZokaOpenPanel::TZokaOpenPanel(QWidget* parent, const TEngineContext& context)
   setFileMode(ExistingFile);
   resize(PANEL_SIZE);
   new TPanelCompleter(this);
-  for (const char* encoding : ENCODINGS) mEncoding->addItem(encoding);
-  // Encodings are known by their places, and the separator takes one.
-  mEncoding->insertSeparator(ENCODING_SEPARATOR);
+  for (const char* encoding : ENCODING_ITEMS) {
+    // Encodings are known by their places, and the separator takes one.
+    if (encoding != nullptr) {
+      mEncoding->addItem(encoding);
+    } else {
+      mEncoding->insertSeparator(mEncoding->count());
+    }
+  }
   mEncodingLabel->setBuddy(mEncoding);
   auto* row = new QHBoxLayout;
   row->addWidget(mEncodingLabel);

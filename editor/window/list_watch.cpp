@@ -23,6 +23,13 @@ int64_t position_of(const TEditTxtView& edit, const TListPlace& place) {
                            edit_call(edit, S::SCI_GETLINEENDPOSITION, line));
 }
 
+bool place_below(const TEditTxtView& edit, const QPoint& point, TListPlace* place) {
+  const long position = edit_call(edit, S::SCI_POSITIONFROMPOINTCLOSE, point.x(), point.y());
+  if (position < 0) return false;
+  *place = place_of(edit, position);
+  return true;
+}
+
 TListWatch::TListWatch(TEditTxtView& edit) : mEdit(edit) {
   mIndex.SetText(mEdit.Get());
   connect(&mEdit, &QsciScintillaBase::SCN_MODIFIED, this,

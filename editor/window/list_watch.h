@@ -49,5 +49,7 @@ struct TListPlace {
 /// The place of a byte of the text, and the byte of a place.
 TListPlace place_of(const TEditTxtView& edit, int64_t position);
 int64_t position_of(const TEditTxtView& edit, const TListPlace& place);
+/// The place below a point of the view; false if there is no text.
+bool place_below(const TEditTxtView& edit, const QPoint& point, TListPlace* place);
 
 }  // namespace zoka

@@ -99,7 +99,7 @@ void expect_possible(const TPrefs& prefs) {
     EXPECT_EQ(family->find('\0'), std::string::npos);
   }
   EXPECT_NE(prefs.DEnc, ENCODING_SEPARATOR);
-  EXPECT_TRUE(prefs.DEnc >= 0 && prefs.DEnc <= MAX_ENCODING) << prefs.DEnc;
+  EXPECT_TRUE(prefs.DEnc >= 0 && prefs.DEnc <= ENCODING_JIS) << prefs.DEnc;
   EXPECT_TRUE(prefs.CmpM == 0 || prefs.CmpM == 2 || prefs.CmpM == 3) << prefs.CmpM;
 }
 
