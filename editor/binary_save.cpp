@@ -149,9 +149,7 @@ class TDecoder {
     }
   }
 
-  void DecodeHex() {
-    mText += "&H" + to_upper(number_text(BinSaveGetInt16(), 16));
-  }
+  void DecodeHex() { mText += "&H" + to_upper(number_text(BinSaveGetInt16(), 16)); }
 
   void BinSaveDecodeDQuote() {
     TKanjiMode kanji;
