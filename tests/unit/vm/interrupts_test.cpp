@@ -397,6 +397,14 @@ TEST(MouseState, RangesAreSorted) {
   EXPECT_EQ(mouse.MousePosCurrentX(), 100);
 }
 
+TEST(InterruptPort, ShowsThatItsMachineIsToStop) {
+  TMachineRig rig;
+  const std::shared_ptr<TInterruptPort> port = rig.Machine().Port();
+  EXPECT_FALSE(port->mStopped);
+  rig.Machine().Terminate();  // as the destructor does, without the port
+  EXPECT_TRUE(port->mStopped);
+}
+
 TEST(MouseState, DistancesCountFromTheRangesEdge) {
   TMouseState mouse;
   mouse.SetMousePosCurrent({700, 20}, 1);
