@@ -40,7 +40,7 @@ class THostLog final : public TMachineHost {
 };
 
 /// Inputs that a test sets.
-class TTestInputs final : public TRunInputs {
+class TTestInputs : public TRunInputs {
  public:
   explicit TTestInputs(TClock& clock) : mClock(clock) {}
   bigtime_t SystemTime() override {
@@ -168,7 +168,7 @@ class TMachineRig : public TTestEngine {
     parts.context = &context;
     parts.midCode = &code;
     parts.rsrc = &rsrc;
-    parts.inputs = &inputs;
+    parts.inputs = otherInputs != nullptr ? otherInputs : &inputs;
     parts.host = &host;
     parts.memoryLimit = memoryLimit;
     machine = std::make_unique<TVMachine>("Virtual Machine", parts);
@@ -224,6 +224,7 @@ class TMachineRig : public TTestEngine {
   TAlertLog alertLog;
   THostLog host;
   TTestInputs inputs;
+  TRunInputs* otherInputs = nullptr;  // in place of `inputs`
   TBasicRsrc rsrc;
   TMidCode code;
   int64_t memoryLimit = 64 << 20;
