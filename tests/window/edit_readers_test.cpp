@@ -17,15 +17,17 @@ class TEditReadersTest : public TWindowRig {
   TEditTxtView& Edit() { return mApp->MainWindow().View().Edit(); }
   QAccessibleInterface* Access() { return QAccessible::queryAccessibleInterface(&Edit()); }
 
+  void Paint() {
+    QApplication::processEvents();
+    Edit().viewport()->repaint();
+  }
   /// The number of pixels in the colour of matching brackets, with the cursor at a column of the
   /// first line.
   int LitUp(int column) {
     edit_call(Edit(), S::SCI_GOTOPOS, column);
     // The marks are set while the first picture is painted.
-    for (int round = 0; round < 2; ++round) {
-      QApplication::processEvents();
-      Edit().viewport()->repaint();
-    }
+    Paint();
+    Paint();
     const QImage picture = Edit().viewport()->grab().toImage();
     const QColor& colour = edit_colours(edit_theme(Edit().palette())).brace;
     int count = 0;
@@ -52,6 +54,7 @@ TEST_F(TEditReadersTest, ReadersFindTheTextFromTheirComingToTheirGoing) {
   EXPECT_EQ(Access()->textInterface()->characterCount(), 14);
   EXPECT_EQ(Access()->textInterface()->text(9, 13), "\"漢字\"");
   QTest::keyClicks(&Edit(), "5");
+  Paint();
   EXPECT_EQ(Access()->textInterface()->cursorPosition(), 1);
   QAccessible::setActive(false);
   EXPECT_EQ(Access()->textInterface(), nullptr);
