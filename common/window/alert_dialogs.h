@@ -3,6 +3,7 @@
 
 #include <QMessageBox>
 #include <QObject>
+#include <QPointer>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -20,6 +21,9 @@ namespace zoka {
 /// nobody.
 class TAlertDialogs final : public TAlertHost {
  public:
+  /// The application object is there already.
+  TAlertDialogs();
+
   /// Any thread.
   int ShowAlert(const TAlert& alert, TThread* waiter) override;
 
@@ -35,9 +39,12 @@ class TAlertDialogs final : public TAlertHost {
   int ShowModal(const TAlert& alert);
   void Open(const TAlert& alert, const std::shared_ptr<TTicket>& ticket);
   QMessageBox* MakeBox(const TAlert& alert);
+  /// The window that an alert belongs to: the one that the user is in, or was in last.
+  QWidget* Parent() const;
 
   std::vector<QMessageBox*> mOpen;  // in the order of their coming; window thread
   std::function<void(const TThread*)> mShown;
+  QPointer<QWidget> mLastActive;
   QObject mContext;  // calls posted to the window thread end with it
 };
 

@@ -62,6 +62,7 @@ TZokaBasicView::TZokaBasicView(TBasicWindow& window, TEngineContext& context,
   setFocusProxy(mEdit);
   mEdit->SetCalls({[this] { mDocument.SetModified(true); },
                    [this](const QMimeData& files) { SimpleData(files); }});
+  connect(mEdit, &QsciScintilla::textChanged, this, [this] { ForgetNews(); });
   std::string folder;
   if (get_settings_entry(place, SETTINGS_FOLDER, "", true, &folder) == 0) {
     mDocument.SetRescueFolder(folder);
@@ -214,6 +215,16 @@ void TZokaBasicView::Kill() {
   mDocument.Kill();
 }
 
+void TZokaBasicView::SayOfList(const std::string& text) {
+  SetStatBarStr(text);
+  mListNews = StatBarStr();
+}
+
+void TZokaBasicView::ForgetNews() {
+  if (!mListNews.empty() && StatBarStr() == mListNews) SetStatBarStr("");
+  mListNews.clear();
+}
+
 void TZokaBasicView::SimpleData(const QMimeData& files) {
   for (const QUrl& url : files.urls()) {
     if (!url.isLocalFile()) continue;
@@ -234,6 +245,10 @@ void TZokaBasicView::SetStatBarStr(const std::string& text) {
 void TZokaBasicView::SaveFailed(const std::string& path) {
   SetStatBarStr(replace_placeholder(GetString("Cannot save \"%FileName%\"."), "%FileName%",
                                     extract_file_name(path)));
+}
+
+void TZokaBasicView::SampleOpened() {
+  SayOfList(GetString("@Hint_Run_Sample@"));
 }
 
 void TZokaBasicView::SetWinTitle() {
@@ -304,7 +319,7 @@ void TZokaBasicView::ShowFaultLine(const TException& fault) {
         std::string_view(source.Text()).substr(0, static_cast<size_t>(fault.beginPos));
     line = static_cast<int32_t>(std::count(before.begin(), before.end(), '\n'));
   }
-  SetStatBarStr(one_line(exception_text(fault, *mContext.catalogue)));
+  SayOfList(one_line(exception_text(fault, *mContext.catalogue)));
   if (line < 0) return;
   // The user may have gone on editing, or have opened another list, while the program ran.
   const int32_t now = mEdit->BreakMarks().Drift().Now(source.EditorLine(line));
