@@ -24,6 +24,8 @@ class TConsoleHost final : public TRunHost, public TAlertHost {
 
   /// What to do when standard output cannot be written any more; any thread.
   void SetOnFailure(std::function<void()> onFailure) { mOnFailure = std::move(onFailure); }
+  /// What to do, on the machine's thread, at the end of a run that asks for another.
+  void SetOnRequest(std::function<void()> onRequest) { mOnRequest = std::move(onRequest); }
   /// The screen is shown live: rows are not written, and alerts are held back until it is not.
   void SetLive(bool live);
   /// A request for another run that the last program left; false if it left none.
@@ -48,6 +50,7 @@ class TConsoleHost final : public TRunHost, public TAlertHost {
   std::atomic<bool> mFailed{false};
   std::atomic<bool> mReaderGone{false};
   std::function<void()> mOnFailure;
+  std::function<void()> mOnRequest;
 };
 
 }  // namespace zoka
