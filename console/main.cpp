@@ -39,6 +39,8 @@ int dispatch(const zoka::TOptions& options) {
 int main(int argc, char** argv) {
   // A reader that goes away is noticed where the output is written.
   ::signal(SIGPIPE, SIG_IGN);
+  // So is a file that grows beyond its limit: the write fails as on a full disk.
+  ::signal(SIGXFSZ, SIG_IGN);
   zoka::do_in_crash({zoka::TTerminal::Restore, zoka::silence_alsa_in_crash});
   zoka::TOptions options;
   std::string error;

@@ -1,0 +1,60 @@
+// Files that may grow no further: a limit on their size says so by a signal, which must not kill.
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <csignal>
+
+#include "tests/support/temp_folder.h"
+#include "tests/unit/console/tool.h"
+
+namespace zoka {
+namespace {
+
+/// Files of this process and of those it starts end at `bytes`; nobody has ignored the signal.
+class TFileLimit {
+ public:
+  explicit TFileLimit(rlim_t bytes) : mHandler(std::signal(SIGXFSZ, SIG_DFL)) {
+    getrlimit(RLIMIT_FSIZE, &mBefore);
+    rlimit limit = mBefore;
+    limit.rlim_cur = bytes;
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~TFileLimit() {
+    setrlimit(RLIMIT_FSIZE, &mBefore);
+    std::signal(SIGXFSZ, mHandler);
+  }
+  TFileLimit(const TFileLimit&) = delete;
+  TFileLimit& operator=(const TFileLimit&) = delete;
+
+ private:
+  void (*mHandler)(int);
+  rlimit mBefore{};
+};
+
+TEST(ToolFileLimit, APrintThatFindsNoRoomIsAFaultOfTheProgram) {
+  const TTempFolder folder;
+  folder.Write("a.bas",
+               "10 OPEN \"OUT\" FOR OUTPUT AS #1\n"
+               "20 FOR I=1 TO 100:PRINT #1,\"12345678\":PRINT I;:NEXT\n");
+  const TFileLimit limit(25);
+  TTool tool({"run", "a.bas", "--lang", "keys", "--config", "none"}, folder.Path());
+  tool.EndInput();
+  EXPECT_EQ(tool.End(), 1);
+  // Two items of ten bytes go in whole; of the third as much as there is room for.
+  EXPECT_EQ(tool.out, " 1  2\n@Runtime_Err_Cannot_Open_File@ in 20\nOk\n");
+  EXPECT_EQ(folder.Read("OUT"), "12345678\r\n12345678\r\n12345");
+}
+
+TEST(ToolFileLimit, OutputThatFindsNoRoomIsTold) {
+  const TTempFolder folder;
+  folder.Write("a.bas", "10 REM 1234567890\n20 REM 1234567890\n");
+  folder.Write("out", "");
+  const TFileLimit limit(20);
+  TTool tool({"list", "a.bas", "--config", "none"}, folder.Path(), folder.Path("out").c_str());
+  EXPECT_EQ(tool.End(), 74);
+  EXPECT_EQ(tool.err, "zoka: cannot write standard output\n");
+  EXPECT_EQ(folder.Read("out"), "10 REM 1234567890\n20");
+}
+
+}  // namespace
+}  // namespace zoka
