@@ -3,7 +3,7 @@
 
 #include <QApplication>
 #include <QFile>
-#include <QFileInfo>
+#include <filesystem>
 
 #include "app/settings/exit_states.h"
 #include "app/settings/show_alert.h"
@@ -214,7 +214,9 @@ void TZokaBasicWindow::SaveHistory() const {
 }
 
 void TZokaBasicWindow::AddHistoryRqtd(const std::string& path) {
-  mMruf.AddMRUF(bytes_of(QFileInfo(path_of(path)).absoluteFilePath()));
+  std::error_code error;
+  const std::filesystem::path absolute = std::filesystem::absolute(path, error);
+  mMruf.AddMRUF(error ? path : absolute.string());
   GenerateHistoryMenu();
   SaveHistory();
 }

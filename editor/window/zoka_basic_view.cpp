@@ -22,6 +22,12 @@ constexpr int NEXT_RUN_MS = 20;
 constexpr int MS_PER_MINUTE = 60'000;
 constexpr int32_t YES_OF_TWO = 1;
 
+/// The path of a local file as its bytes are: the names of old disks need not be UTF-8.
+std::string path_of(const QUrl& url) {
+  if (!url.host().isEmpty()) return QFile::encodeName(url.toLocalFile()).toStdString();
+  return QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()).toStdString();
+}
+
 /// A fault's text on one line.
 std::string one_line(std::string text) {
   for (char& c : text) {
@@ -198,7 +204,7 @@ void TZokaBasicView::SimpleData(const QMimeData& files) {
   for (const QUrl& url : files.urls()) {
     if (!url.isLocalFile()) continue;
     TMessage message("_RRC");
-    message.AddRef("refs", TPathRef{QFile::encodeName(url.toLocalFile()).toStdString()});
+    message.AddRef("refs", TPathRef{path_of(url)});
     add_held_modifiers(&message, false);
     mWindow.PostMessage(message);
     return;
@@ -278,7 +284,9 @@ void TZokaBasicView::ShowFaultLine(const TException& fault) {
     line = static_cast<int32_t>(std::count(before.begin(), before.end(), '\n'));
   }
   SetStatBarStr(one_line(exception_text(fault, *mContext.catalogue)));
-  if (line >= 0) mEdit->MarkFault(source.EditorLine(line));
+  if (line < 0) return;
+  // The text may have been edited, or another have taken its place, since it was compiled.
+  mEdit->MarkFault(mEdit->BreakMarks().Drift().Now(source.EditorLine(line)));
 }
 
 void TZokaBasicView::PrefFontChanged() {
