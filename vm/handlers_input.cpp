@@ -43,8 +43,8 @@ TFileInputBounds bounds_of(const TVMachine& m) {
 void input_from_file(TVMachine& m, int32_t count, bool asLine) {
   TShelter saved = m.SheltVar(count);
   TZokaFile& file = open_numbered_file(m, m.PopInt());
-  TItems items;
-  InputFromFile(file, count, &items, asLine, bounds_of(m));
+  const TFileInputScope scope(bounds_of(m));
+  const TItems items = m.mInputs->ReadItems(file, count, asLine);
   if (m.IsTerminated()) return;
   if (static_cast<int32_t>(items.size()) < count) {
     throw m.RuntimeException2("@Runtime_Err_Input_Past_End@");
@@ -105,7 +105,8 @@ void ExeBasicInputDl(TVMachine& m, const TVMCode* code) {
   }
   TZokaFile& file = open_numbered_file(m, m.PopInt());
   std::string text;
-  if (!InputDlFromFile(file, m.PopInt(), m.mRuntimeCompatiMode, &text, bounds_of(m)) &&
+  const TFileInputScope scope(bounds_of(m));
+  if (!m.mInputs->ReadCharacters(file, m.PopInt(), m.mRuntimeCompatiMode, &text) &&
       !m.IsTerminated()) {
     throw m.RuntimeException2("@Runtime_Err_Input_Past_End@");
   }
