@@ -97,6 +97,8 @@ TEST_F(TListLoad, NamesThatAreNoUtf8AreOpenedWhereTheyAreDropped) {
   QMimeData files;
   const QByteArray folder = QByteArray::fromStdString(mFolder.Path());
   files.setUrls({QUrl::fromEncoded("file://" + folder + "/%83%5C.bas")});
+  QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(Edit().viewport(), &enter);
   QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
   QApplication::sendEvent(Edit().viewport(), &drop);
   ASSERT_TRUE(Until([this] { return Document().CurPath() == mFolder.Path(SJIS_NAME); }));
