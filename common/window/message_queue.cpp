@@ -43,7 +43,13 @@ void TMessageQueue::HandleAll() {
     mScheduled = false;
   }
   TMessage message;
-  while (Take(&message)) mHandle(message);
+  while (Take(&message)) {
+    // A handler that shows an alert is not done with its message: what comes meanwhile waits for
+    // this loop to go on, whichever window is in front.
+    Hold();
+    mHandle(message);
+    --mHolds;
+  }
 }
 
 }  // namespace zoka
