@@ -144,11 +144,11 @@ void TZokaBasicWindow::StorePanelFolder(const QFileDialog* panel) {
 }
 
 void TZokaBasicWindow::SetFilePanelFolder(QFileDialog* panel, const QFileDialog* other) {
-  const std::string& stored = Engine().exitStates->MWPF;
+  const QString stored = path_of(Engine().exitStates->MWPF);
   if (other != nullptr) {
     panel->setDirectory(other->directory());
-  } else if (!stored.empty()) {
-    panel->setDirectory(path_of(stored));
+  } else if (QFileInfo(stored).isDir()) {
+    panel->setDirectory(stored);
   }
 }
 

@@ -1,6 +1,7 @@
 // The run window's life: messages, drives, lamps, size. Its menus are in run_window_menus.cpp.
 #include "run/window/run_window.h"
 
+#include <QFileInfo>
 #include <QLayout>
 #include <QShowEvent>
 
@@ -131,7 +132,8 @@ void TRunWindow::MItemSpecifyDrvFolderClicked(const TMessage& message) {
     new TPanelCompleter(mSpecifyPanel);
     mSpecifyPanel->setFileMode(QFileDialog::Directory);
     mSpecifyPanel->setOption(QFileDialog::ShowDirsOnly);
-    mSpecifyPanel->setDirectory(QString::fromStdString(Engine().exitStates->RWPF));
+    const QString stored = QString::fromStdString(Engine().exitStates->RWPF);
+    if (QFileInfo(stored).isDir()) mSpecifyPanel->setDirectory(stored);
     connect(mSpecifyPanel, &QFileDialog::fileSelected, this, [this](const QString& path) {
       mRunView.SetDriveFolder(mSpecifyDrive, QFile::encodeName(path).toStdString());
     });
