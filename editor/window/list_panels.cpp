@@ -8,6 +8,7 @@
 
 #include "app/settings/prefs_choices.h"
 #include "common/window/menu_label.h"
+#include "common/window/panel_columns.h"
 #include "common/window/panel_completer.h"
 #include "editor/list_requests.h"
 
@@ -42,6 +43,7 @@ TZokaOpenPanel::TZokaOpenPanel(QWidget* parent, const TEngineContext& context)
   setFileMode(ExistingFile);
   resize(PANEL_SIZE);
   new TPanelCompleter(this);
+  new TPanelColumns(this);
   for (const char* encoding : ENCODING_ITEMS) {
     if (encoding != nullptr) {
       mEncoding->addItem(encoding);
@@ -103,6 +105,7 @@ TZokaSavePanel::TZokaSavePanel(QWidget* parent, const TEngineContext& context)
   setFileMode(AnyFile);
   resize(PANEL_SIZE);
   new TPanelCompleter(this);
+  new TPanelColumns(this);
   // With the extension there before the question whether to replace a file, it asks for the right
   // one.
   setDefaultSuffix(LIST_EXT);

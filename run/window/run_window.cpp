@@ -8,6 +8,7 @@
 #include "app/settings/exit_states.h"
 #include "app/settings/prefs.h"
 #include "common/file_path.h"
+#include "common/window/panel_columns.h"
 #include "common/window/panel_completer.h"
 
 namespace zoka {
@@ -130,9 +131,11 @@ void TRunWindow::MItemSpecifyDrvFolderClicked(const TMessage& message) {
     mSpecifyPanel = new QFileDialog(this);
     mSpecifyPanel->setOption(QFileDialog::DontUseNativeDialog);
     new TPanelCompleter(mSpecifyPanel);
+    new TPanelColumns(mSpecifyPanel);
     mSpecifyPanel->setFileMode(QFileDialog::Directory);
     mSpecifyPanel->setOption(QFileDialog::ShowDirsOnly);
-    const QString stored = QString::fromStdString(Engine().exitStates->RWPF);
+    // Without one it begins where the user was last, and not above all folders.
+    const QString stored = QFile::decodeName(QByteArray::fromStdString(Engine().exitStates->RWPF));
     if (QFileInfo(stored).isDir()) mSpecifyPanel->setDirectory(stored);
     connect(mSpecifyPanel, &QFileDialog::fileSelected, this, [this](const QString& path) {
       mRunView.SetDriveFolder(mSpecifyDrive, QFile::encodeName(path).toStdString());
