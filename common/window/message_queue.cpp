@@ -42,14 +42,12 @@ void TMessageQueue::HandleAll() {
     std::lock_guard lock(mMutex);
     mScheduled = false;
   }
+  // A message further out stands in an alert; its call takes what has come meanwhile.
+  if (mHandling) return;
+  mHandling = true;
   TMessage message;
-  while (Take(&message)) {
-    // A handler that shows an alert is not done with its message: what comes meanwhile waits for
-    // this loop to go on, whichever window is in front.
-    Hold();
-    mHandle(message);
-    --mHolds;
-  }
+  while (Take(&message)) mHandle(message);
+  mHandling = false;
 }
 
 }  // namespace zoka
