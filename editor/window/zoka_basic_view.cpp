@@ -253,6 +253,10 @@ void TZokaBasicView::SaveFailed(const std::string& path) {
                                     extract_file_name(path)));
 }
 
+void TZokaBasicView::Saved() {
+  SayOfList(GetString("Saved."));
+}
+
 void TZokaBasicView::SampleOpened() {
   SayOfList(GetString("@Hint_Run_Sample@"));
 }
