@@ -72,7 +72,10 @@ void TZokaOpenPanel::SetLabels() {
   const QString marked = localized(mContext, "Encoding");
   mEncodingLabel->setText(marked);
   mEncoding->setAccessibleName(marked);
-  mEncoding->setItemText(0, localized(mContext, "Auto Detect"));
+  for (size_t i = 0; i < ENCODING_ITEMS.size(); ++i) {
+    if (ENCODING_ITEMS[i] == nullptr) continue;
+    mEncoding->setItemText(static_cast<int>(i), localized(mContext, ENCODING_ITEMS[i]));
+  }
   mAdd->setText(localized(mContext, "Insert to current position"));
 }
 
