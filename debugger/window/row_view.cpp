@@ -1,7 +1,6 @@
 // Scrolling, selecting and painting of rows.
 #include "debugger/window/row_view.h"
 
-#include <QAccessible>
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QGuiApplication>
@@ -12,6 +11,9 @@
 #include <QToolTip>
 #include <algorithm>
 #include <limits>
+
+#include "common/window/fixed_font.h"
+#include "debugger/window/row_accessible.h"
 
 namespace zoka {
 namespace {
@@ -42,6 +44,7 @@ TRowColours row_colours(const QPalette& palette) {
 }
 
 TRowView::TRowView(QWidget* parent) : QAbstractScrollArea(parent) {
+  install_row_accessible();
   setFocusPolicy(Qt::StrongFocus);
   setFrameShape(NoFrame);
   viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
@@ -50,7 +53,7 @@ TRowView::TRowView(QWidget* parent) : QAbstractScrollArea(parent) {
 }
 
 void TRowView::SetFontFamilyAndSize(const std::string& family, float points) {
-  QFont font(QString::fromStdString(family));
+  QFont font(present_fixed_family(family));
   font.setPointSizeF(static_cast<qreal>(points));
   setFont(font);
   mRowHeight = std::max(QFontMetrics(font).height(), 1);
@@ -111,13 +114,19 @@ void TRowView::SetCurrentRow(int64_t row) {
     if (mCurrent >= top + RowsInSight()) ScrollToTop(mCurrent - RowsInSight() + 1);
   }
   viewport()->update();
-  TellReaders();
+  TellReaders(QAccessible::Focus);
 }
 
-void TRowView::TellReaders() {
-  setAccessibleDescription(mCurrent == NO_ROW ? QString() : ReadText(mCurrent));
-  if (!QAccessible::isActive()) return;
-  QAccessibleEvent event(this, QAccessible::DescriptionChanged);
+void TRowView::KeepCurrentRow(int64_t row) {
+  mCurrent = std::clamp<int64_t>(row, NO_ROW, mRows - 1);
+  viewport()->update();
+}
+
+/// Tells of the selected row, while the list has the keyboard.
+void TRowView::TellReaders(QAccessible::Event what) {
+  if (!QAccessible::isActive() || mCurrent == NO_ROW || !hasFocus()) return;
+  QAccessibleEvent event(this, what);
+  event.setChild(static_cast<int>(mCurrent));
   QAccessible::updateAccessibility(&event);
 }
 
@@ -196,7 +205,11 @@ int64_t TRowView::MovedBy(int key) const {
 
 void TRowView::keyPressEvent(QKeyEvent* event) {
   if (mRows == 0) return QAbstractScrollArea::keyPressEvent(event);
-  if (mCurrent != NO_ROW && RowKey(mCurrent, *event)) return event->accept();
+  if (mCurrent != NO_ROW && RowKey(mCurrent, *event)) {
+    // It may read otherwise now: a breakpoint, an array that is open.
+    TellReaders(QAccessible::NameChanged);
+    return event->accept();
+  }
   if (mCurrent != NO_ROW && event->matches(QKeySequence::Copy)) {
     QGuiApplication::clipboard()->setText(RowText(mCurrent));
     return event->accept();
@@ -226,7 +239,11 @@ void TRowView::focusInEvent(QFocusEvent* event) {
   QAbstractScrollArea::focusInEvent(event);
   const Qt::FocusReason reason = event->reason();
   const bool byKey = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
-  if (byKey && mCurrent == NO_ROW && mRows > 0) SetCurrentRow(verticalScrollBar()->value());
+  if (byKey && mCurrent == NO_ROW && mRows > 0) {
+    SetCurrentRow(verticalScrollBar()->value());
+  } else {
+    TellReaders(QAccessible::Focus);
+  }
   viewport()->update();
 }
 
