@@ -10,6 +10,7 @@
 #include <QScrollBar>
 #include <QToolTip>
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 #include "common/window/fixed_font.h"
@@ -41,6 +42,21 @@ TRowColours row_colours(const QPalette& palette) {
           QColor(0x80, 0x80, 0x80),
           QColor(0xFF, 0xA8, 0x90),
           QColor(0xFF, 0x5A, 0x4A)};
+}
+
+QTextLine lay_out_row(QTextLayout& layout) {
+  layout.beginLayout();
+  QTextLine line = layout.createLine();
+  if (line.isValid()) line.setLineWidth(QWIDGETSIZE_MAX);
+  layout.endLayout();
+  return line;
+}
+
+int text_width(const QString& text, const QFont& font) {
+  // The metrics do not know how far a tab goes.
+  if (!text.contains('\t')) return QFontMetrics(font).horizontalAdvance(text);
+  QTextLayout layout(text, font);
+  return static_cast<int>(std::ceil(lay_out_row(layout).naturalTextWidth()));
 }
 
 TRowView::TRowView(QWidget* parent) : QAbstractScrollArea(parent) {

@@ -7,6 +7,7 @@
 #include <QAccessible>
 #include <QFont>
 #include <QPainter>
+#include <QTextLayout>
 #include <cstdint>
 #include <string>
 
@@ -22,6 +23,11 @@ struct TRowColours {
   QColor breakPoint;
 };
 TRowColours row_colours(const QPalette& palette);
+
+/// Lays a text out in one line, as it is painted: tabs reach to their stops.
+QTextLine lay_out_row(QTextLayout& layout);
+/// The pixels that a text takes when it is painted.
+int text_width(const QString& text, const QFont& font);
 
 /// Window thread. Rows count from 0; NO_ROW is none. The copy key copies the selected row's text.
 class TRowView : public QAbstractScrollArea {

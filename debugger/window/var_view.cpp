@@ -117,7 +117,7 @@ int TVarView::PaintRow(QPainter& painter, int64_t row, const QRect& place) {
     painter.setPen(colours.changed);
   }
   painter.drawText(place.left() + valueX, base, value);
-  const int width = valueX + painter.fontMetrics().horizontalAdvance(value) + INDENT;
+  const int width = valueX + text_width(value, painter.font()) + INDENT;
   painter.setFont(font());
   PaintSelection(painter, row, place);
   return width;
@@ -175,7 +175,7 @@ bool TVarView::RowKey(int64_t row, QKeyEvent& event) {
 
 QString TVarView::HoverText(int64_t row, int) const {
   // Only what does not fit needs a tip.
-  if (fontMetrics().horizontalAdvance(RowText(row)) + TextX(row) < viewport()->width()) return {};
+  if (text_width(RowText(row), font()) + TextX(row) < viewport()->width()) return {};
   return RowText(row).left(MAX_TIP_CHARACTERS).toHtmlEscaped();
 }
 

@@ -129,6 +129,18 @@ TEST_F(TDebugEdgesTest, AHundredThousandLines) {
   EXPECT_EQ(Value("A!"), "99999");
 }
 
+// Where a tab goes counts for how far a line reaches.
+TEST_F(TDebugEdgesTest, LinesWithTabsScrollToTheirEnds) {
+  constexpr int TAB_STOP = 80;
+  RunToStop("10\tREM " + std::string(200, 'x') + "\n20 END\n", 1, 20);
+  Source().grab();
+  const int expected = 25 + TAB_STOP + text_width(QString(204, 'x'), Source().font()) + 25;
+  ASSERT_TRUE(Until([&] {
+    return Source().horizontalScrollBar()->maximum() == expected - Source().viewport()->width();
+  })) << Source().horizontalScrollBar()->maximum() + Source().viewport()->width()
+      << " for " << expected;
+}
+
 TEST_F(TDebugEdgesTest, TheFieldOfARowThatWasScrolledAwayIsInSight) {
   RunToStop("10 DIM A(999)\n20 END\n", 1, 20);
   Vars().ExpandOrCollapse(0, true);
