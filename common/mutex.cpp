@@ -1,6 +1,8 @@
 // TMutex: locking, and in debug builds the watch over the order of locks.
 #include "common/mutex.h"
 
+#include <condition_variable>
+
 #include "common/host_wait.h"
 
 #if ZOKA_DEBUG
@@ -32,21 +34,14 @@ void note_unlock(TLockRank rank) {
 }  // namespace
 #endif
 
-void TMutex::lock() {
-#if ZOKA_DEBUG
-  note_lock(mRank);
-#endif
-  mMutex.lock();
-}
+/// On the stack of the thread that waits; under mWaiting.
+struct TMutex::TWaiter {
+  TWaiter* next = nullptr;
+  bool isHolder = false;
+  std::condition_variable handOver;
+};
 
-void TMutex::unlock() {
-  mMutex.unlock();
-#if ZOKA_DEBUG
-  note_unlock(mRank);
-#endif
-}
-
-bool TTimedMutex::lock_within(bigtime_t limit) {
+bool TMutex::lock_within(bigtime_t limit) {
 #if ZOKA_DEBUG
   note_lock(mRank);
 #endif
@@ -59,30 +54,54 @@ bool TTimedMutex::lock_within(bigtime_t limit) {
   return locked;
 }
 
-bool TTimedMutex::LockSlow(bigtime_t limit) {
+bool TMutex::LockSlow(bigtime_t limit) {
   const bigtime_t deadline = limit == FOREVER ? FOREVER : add_times(host_time(), limit);
   std::unique_lock<std::mutex> lock(mWaiting);
-  while (mState.exchange(WANTED, std::memory_order_acquire) != FREE) {
-    if (deadline == FOREVER) {
-      mFreed.wait(lock);
-      continue;
-    }
-    if (deadline <= host_time()) return false;
-    mFreed.wait_until(lock,
-                      std::chrono::steady_clock::time_point(std::chrono::microseconds(deadline)));
+  if (mState.exchange(WANTED, std::memory_order_acquire) == FREE) {
+    // Nobody waits: with a waiter it is never free.
+    mState.store(HELD, std::memory_order_relaxed);
+    return true;
   }
-  return true;
+  TWaiter self;
+  (mLast != nullptr ? mLast->next : mFirst) = &self;
+  mLast = &self;
+  const auto isMine = [&self] { return self.isHolder; };
+  if (deadline == FOREVER) {
+    self.handOver.wait(lock, isMine);
+    return true;
+  }
+  const auto until = std::chrono::steady_clock::time_point(std::chrono::microseconds(deadline));
+  if (self.handOver.wait_until(lock, until, isMine)) return true;
+  RemoveWaiter(self);
+  return false;
 }
 
-void TTimedMutex::unlock() {
-  if (mState.exchange(FREE, std::memory_order_release) == WANTED) {
-    // Who saw the mutex held waits by now, or has not yet taken this lock and will look again.
-    const std::lock_guard<std::mutex> lock(mWaiting);
-    mFreed.notify_one();
-  }
+void TMutex::unlock() {
 #if ZOKA_DEBUG
-  note_unlock(mRank);
+  note_unlock(mRank);  // before it is free: the next holder may delete it
 #endif
+  int expected = HELD;
+  if (!mState.compare_exchange_strong(expected, FREE, std::memory_order_release)) UnlockSlow();
+}
+
+void TMutex::UnlockSlow() {
+  // Who found the mutex held is in the list by now, or has given up.
+  const std::lock_guard<std::mutex> lock(mWaiting);
+  TWaiter* const next = mFirst;
+  if (next != nullptr) RemoveWaiter(*next);
+  // For a waiter it stays held, so that nobody comes between.
+  if (mFirst == nullptr) mState.store(next != nullptr ? HELD : FREE, std::memory_order_release);
+  if (next == nullptr) return;
+  // Told under the lock: until this lets go of it the waiter cannot leave.
+  next->isHolder = true;
+  next->handOver.notify_one();
+}
+
+void TMutex::RemoveWaiter(TWaiter& waiter) {
+  TWaiter* before = nullptr;
+  for (TWaiter* at = mFirst; at != &waiter; at = at->next) before = at;
+  (before != nullptr ? before->next : mFirst) = waiter.next;
+  if (mLast == &waiter) mLast = before;
 }
 
 }  // namespace zoka

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <atomic>
-#include <condition_variable>
 #include <cstdint>
 #include <mutex>
 
@@ -15,46 +14,40 @@ namespace zoka {
 /// nothing is called while one is held.
 enum class TLockRank : uint8_t { Window, Screen, DebugModel, Variables, Leaf };
 
-/// A mutex with a rank. Meets BasicLockable, so std::lock_guard works with it.
+/// A mutex with a rank. Meets BasicLockable, so std::lock_guard works with it. Uncontended it costs
+/// one exchange to lock and one to unlock. It is fair: the thread that has waited longest gets it
+/// from the one that unlocks, so that a holder which takes it again at once, as a program that only
+/// paints does, cannot keep another out.
 class TMutex {
  public:
   explicit TMutex(TLockRank rank) : mRank(rank) {}
   TMutex(const TMutex&) = delete;
   TMutex& operator=(const TMutex&) = delete;
 
-  void lock();
-  void unlock();
-
- private:
-  std::mutex mMutex;
-  [[maybe_unused]] const TLockRank mRank;  // looked at by debug builds only
-};
-
-using TLock = std::lock_guard<TMutex>;
-
-/// A mutex with a rank that can be waited for with a limit. Uncontended it costs no more than the
-/// other; it is not fair.
-class TTimedMutex {
- public:
-  explicit TTimedMutex(TLockRank rank) : mRank(rank) {}
-  TTimedMutex(const TTimedMutex&) = delete;
-  TTimedMutex& operator=(const TTimedMutex&) = delete;
-
   void lock() { lock_within(FOREVER); }
   /// Waits no longer than `limit` microseconds of real time; false if it was not free by then.
   bool lock_within(bigtime_t limit);
   void unlock();
 
+  /// Somebody has asked for it since it was taken, and waits unless the time for that is over. Any
+  /// thread; old news as soon as it is told.
+  bool IsWanted() const { return mState.load(std::memory_order_relaxed) == WANTED; }
+
  private:
+  struct TWaiter;
+
   bool LockSlow(bigtime_t limit);
+  void UnlockSlow();
+  void RemoveWaiter(TWaiter& waiter);
 
   enum : int { FREE, HELD, WANTED };  // wanted: held, and somebody may be waiting
   std::atomic<int> mState{FREE};
-  std::mutex mWaiting;
-  std::condition_variable mFreed;
+  std::mutex mWaiting;        // for the two members below, and for every change to or from WANTED
+  TWaiter* mFirst = nullptr;  // those who wait, in the order in which they came
+  TWaiter* mLast = nullptr;
   [[maybe_unused]] const TLockRank mRank;  // looked at by debug builds only
 };
 
-using TTimedLock = std::lock_guard<TTimedMutex>;
+using TLock = std::lock_guard<TMutex>;
 
 }  // namespace zoka

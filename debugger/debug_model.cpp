@@ -17,7 +17,7 @@ template <typename TApply>
 bool TDebugModel::Change(TApply apply) {
   bool tell;
   {
-    const TTimedLock lock(mLock);
+    const TLock lock(mLock);
     if (!apply()) return false;
     tell = !std::exchange(mTold, true);
   }
@@ -31,7 +31,7 @@ void TDebugModel::Report(int64_t run, bigtime_t limit, TApply apply) {
   if (!mLock.lock_within(limit)) return;
   bool tell = false;
   {
-    const TTimedLock lock(mLock, std::adopt_lock);
+    const TLock lock(mLock, std::adopt_lock);
     if (fDebugger == nullptr || run != mRunNumber) return;
     apply();
     tell = !std::exchange(mTold, true);
@@ -80,21 +80,21 @@ void TDebugModel::ClearVar() {
 }
 
 void TDebugModel::SetVMachine(TDebugger* debugger) {
-  const TTimedLock lock(mLock);
+  const TLock lock(mLock);
   fDebugger = debugger;
   fRunMode = TDebugRunMode::Run;
   if (debugger != nullptr) mRunNumber = debugger->RunNumber();
 }
 
 void TDebugModel::ForgetVMachine(const TDebugger* debugger) {
-  const TTimedLock lock(mLock);
+  const TLock lock(mLock);
   if (fDebugger != debugger) return;
   fDebugger = nullptr;
   fRunMode = TDebugRunMode::Run;
 }
 
 void TDebugModel::SetFirstBreakPoint() {
-  const TTimedLock lock(mLock);
+  const TLock lock(mLock);
   if (fDebugger == nullptr || !mContext.prefs->BrkS.load() || mSrcCode.Count() == 0) return;
   fDebugger->AddBreakPoint(mSrcCode.Item(0).line);
 }
@@ -211,7 +211,7 @@ bool TDebugModel::RunToCursor(int32_t line) {
 }
 
 bool TDebugModel::Stop() {
-  const TTimedLock lock(mLock);
+  const TLock lock(mLock);
   if (fDebugger == nullptr) return false;
   fDebugger->SetDebugRunMode(TDebugRunMode::Stop);
   return true;
@@ -259,7 +259,7 @@ void TDebugModel::ExpandOrCollapseVar(size_t item, bool expand) {
 }
 
 bool TDebugModel::EditVar(size_t item, int32_t slot, std::string_view text) {
-  const TTimedLock lock(mLock);
+  const TLock lock(mLock);
   if (!Stands() || item >= mVars.Count()) return false;
   TVarInfo* var = mVars.Info(item);
   if (!has_slot(*var, slot)) return false;
@@ -276,18 +276,18 @@ bool TDebugModel::EditVar(size_t item, int32_t slot, std::string_view text) {
 }
 
 TDebugChanges TDebugModel::TakeChanges() {
-  const TTimedLock lock(mLock);
+  const TLock lock(mLock);
   mTold = false;
   return std::exchange(mChanges, {});
 }
 
 void TDebugModel::KeepLog(bool keep) {
-  const TTimedLock lock(mLock);
+  const TLock lock(mLock);
   mKeepLog = keep;
 }
 
 std::vector<std::string> TDebugModel::Log() const {
-  const TTimedLock lock(mLock);
+  const TLock lock(mLock);
   return mLog;
 }
 

@@ -144,7 +144,7 @@ class TDebugModel {
   void KeepLog(bool keep);
   std::vector<std::string> Log() const;
   /// Held by whoever reads several things that must belong together; for tests too.
-  TTimedMutex& Lock() { return mLock; }
+  TMutex& Lock() { return mLock; }
 
  private:
   /// The current line is none, since the program has ended.
@@ -166,7 +166,7 @@ class TDebugModel {
 
   TEngineContext& mContext;
   TDebugModelHost& mHost;
-  mutable TTimedMutex mLock{TLockRank::DebugModel};
+  mutable TMutex mLock{TLockRank::DebugModel};
   // All that follows is under mLock.
   TDebugger* fDebugger = nullptr;
   int64_t mRunNumber = 0;

@@ -12,32 +12,32 @@ constexpr const char LINE_PLACEHOLDER[] = "%Num%";
 }  // namespace
 
 bool TDebugModel::HasDebugger() const {
-  const TTimedLock lock(mLock);
+  const TLock lock(mLock);
   return fDebugger != nullptr;
 }
 
 TDebugRunMode TDebugModel::RunMode() const {
-  const TTimedLock lock(mLock);
+  const TLock lock(mLock);
   return fRunMode;
 }
 
 size_t TDebugModel::SrcLineCount() const {
-  const TTimedLock lock(mLock);
+  const TLock lock(mLock);
   return mSrcCode.Count();
 }
 
 TSrcCodeItem TDebugModel::SrcLine(size_t index) const {
-  const TTimedLock lock(mLock);
+  const TLock lock(mLock);
   return index < mSrcCode.Count() ? mSrcCode.Item(index) : TSrcCodeItem();
 }
 
 std::optional<size_t> TDebugModel::FindSrcLine(int32_t line) const {
-  const TTimedLock lock(mLock);
+  const TLock lock(mLock);
   return mSrcCode.Find(line);
 }
 
 std::vector<size_t> TDebugModel::BreakPointItems() const {
-  const TTimedLock lock(mLock);
+  const TLock lock(mLock);
   std::vector<size_t> items;
   for (size_t i = 0; i < mSrcCode.Count(); ++i) {
     if (mSrcCode.Item(i).breakPoint) items.push_back(i);
@@ -46,7 +46,7 @@ std::vector<size_t> TDebugModel::BreakPointItems() const {
 }
 
 size_t TDebugModel::CallStackCount() const {
-  const TTimedLock lock(mLock);
+  const TLock lock(mLock);
   return mCalls.size() + 1;
 }
 
@@ -65,48 +65,48 @@ std::string TDebugModel::CurLineText() const {
 }
 
 std::string TDebugModel::CallStackText(size_t index) const {
-  const TTimedLock lock(mLock);
+  const TLock lock(mLock);
   if (index < mCalls.size()) return mSrcCode.Line(mCalls[index]);
   return index == mCalls.size() ? CurLineText() : std::string();
 }
 
 int32_t TDebugModel::CallStackLine(size_t index) const {
-  const TTimedLock lock(mLock);
+  const TLock lock(mLock);
   return index < mCalls.size() ? mCalls[index] : mCurLine;
 }
 
 int32_t TDebugModel::CurLine() const {
-  const TTimedLock lock(mLock);
+  const TLock lock(mLock);
   return mCurLine;
 }
 
 size_t TDebugModel::VarCount() const {
-  const TTimedLock lock(mLock);
+  const TLock lock(mLock);
   return mVars.Count();
 }
 
 int32_t TDebugModel::VarChildCount(size_t item) const {
-  const TTimedLock lock(mLock);
+  const TLock lock(mLock);
   return item < mVars.Count() ? mVars.ChildCount(item) : 0;
 }
 
 bool TDebugModel::IsVarExpanded(size_t item) const {
-  const TTimedLock lock(mLock);
+  const TLock lock(mLock);
   return item < mVars.Count() && mVars.IsExpanded(item);
 }
 
 TVarRow TDebugModel::VarRow(size_t item) {
-  const TTimedLock lock(mLock);
+  const TLock lock(mLock);
   return item < mVars.Count() ? mVars.Row(item) : TVarRow();
 }
 
 TVarRow TDebugModel::VarChildRow(size_t item, int32_t child) {
-  const TTimedLock lock(mLock);
+  const TLock lock(mLock);
   return item < mVars.Count() ? mVars.ChildRow(item, child, Stands()) : TVarRow();
 }
 
 std::optional<std::string> TDebugModel::ValueOf(std::string_view expression) {
-  const TTimedLock lock(mLock);
+  const TLock lock(mLock);
   if (mProgram == nullptr) return std::nullopt;
   const std::optional<TExprValue> value = evaluate_expression(expression, *mProgram);
   if (!value) return std::nullopt;

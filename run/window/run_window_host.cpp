@@ -12,8 +12,9 @@
 namespace zoka {
 namespace {
 
-/// Milliseconds until a picture that was held back is composed: one frame of the host's screen.
-constexpr int FRAME_MS = 16;
+/// Milliseconds until a picture that was held back is composed: one frame of the host's screen less
+/// the time to wake up, compose and paint.
+constexpr int FRAME_MS = 14;
 constexpr unsigned BITS = 64;
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Catalogue, fault texts, alert bytes, random numbers, lock ranks.
+// Catalogue, fault texts, alert bytes, random numbers.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -7,7 +7,6 @@
 #include "common/alert.h"
 #include "common/catalogue.h"
 #include "common/exception.h"
-#include "common/mutex.h"
 #include "common/random.h"
 
 namespace zoka {
@@ -130,25 +129,6 @@ TEST(Random, BeginsAsIfSeededWithOne) {
   seeded.Seed(1);
   for (int i = 0; i < 100; ++i) ASSERT_EQ(fresh.Next(), seeded.Next());
 }
-
-#if ZOKA_DEBUG
-TEST(MutexDeathTest, RanksAscend) {
-  testing::FLAGS_gtest_death_test_style = "threadsafe";
-  TMutex window(TLockRank::Window);
-  TMutex screen(TLockRank::Screen);
-  TMutex leaf(TLockRank::Leaf);
-  TMutex otherLeaf(TLockRank::Leaf);
-  {
-    TLock first(window);
-    TLock second(screen);
-    TLock third(leaf);
-  }
-  TLock again(screen);  // all were given back
-  EXPECT_DEATH({ TLock wrong(window); }, "lock of rank 0 taken while ranks 0x2 are held");
-  TLock inner(leaf);
-  EXPECT_DEATH({ TLock wrong(otherLeaf); }, "lock of rank 4 taken while ranks 0x12 are held");
-}
-#endif
 
 }  // namespace
 }  // namespace zoka

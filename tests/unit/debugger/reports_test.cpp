@@ -102,7 +102,7 @@ TEST(DebugReports, AreDroppedWhenTheModelIsNotFreeInTime) {
     return rig.Var("A!").floats[0] == 1.0F;
   };
   {
-    const TTimedLock lock(rig.model.Lock());
+    const TLock lock(rig.model.Lock());
     rig.Start();
     while (!stored()) {
     }
