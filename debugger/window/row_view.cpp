@@ -140,7 +140,7 @@ void TRowView::KeepCurrentRow(int64_t row) {
 
 /// Tells of the selected row, while the list has the keyboard.
 void TRowView::TellReaders(QAccessible::Event what) {
-  if (!QAccessible::isActive() || mCurrent == NO_ROW || !hasFocus()) return;
+  if (mCurrent == NO_ROW || !hasFocus()) return;
   QAccessibleEvent event(this, what);
   event.setChild(static_cast<int>(mCurrent));
   QAccessible::updateAccessibility(&event);
