@@ -1,4 +1,5 @@
 // The console tool `zoka`: from arguments to exit status.
+#include <fcntl.h>
 #include <signal.h>
 #include <unistd.h>
 
@@ -34,9 +35,20 @@ int dispatch(const zoka::TOptions& options) {
   return zoka::EXIT_USAGE;
 }
 
+/// Keeps the numbers of closed standard files from files that are opened later, which would then
+/// be taken for them. They stay files on which each read or write fails.
+void hold_standard_files() {
+  for (int fd : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (::fcntl(fd, F_GETFD) >= 0) continue;
+    // The lowest free number is this one.
+    [[maybe_unused]] int held = ::open("/dev/null", fd == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+  }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  hold_standard_files();
   // A reader that goes away is noticed where the output is written.
   ::signal(SIGPIPE, SIG_IGN);
   zoka::do_in_crash({zoka::TTerminal::Restore, zoka::silence_alsa_in_crash});

@@ -5,11 +5,9 @@
 #include <sys/eventfd.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <string>
-
-#include "common/text/utf8.h"
+#include <string_view>
 
 namespace zoka {
 namespace {
@@ -28,8 +26,8 @@ std::deque<TFeedItem> keys_of_text(std::string* text) {
     if ((*text)[pos] == '\n') {
       item.bytes = RETURN_KEY;
     } else {
-      bytes = static_cast<size_t>(std::min(char_bytes((*text)[pos]), 4));
-      if (pos + bytes > text->size()) break;
+      bytes = typed_character(std::string_view(*text).substr(pos), false);
+      if (bytes == 0) break;
       item.bytes = text->substr(pos, bytes);
     }
     pos += bytes;

@@ -1,10 +1,8 @@
 // The sequences of the terminals in use (xterm, linux, screen) in one table.
 #include "console/terminal_keys.h"
 
-#include <algorithm>
 #include <string_view>
 
-#include "common/text/utf8.h"
 #include "run/screen/host_keys.h"
 
 namespace zoka {
@@ -107,9 +105,8 @@ size_t take_escape(std::string_view bytes, bool isComplete, std::deque<TFeedItem
 
 /// Takes one character. Returns the bytes used, 0 if more are needed.
 size_t take_character(std::string_view bytes, bool isComplete, std::deque<TFeedItem>* keys) {
-  size_t length = static_cast<size_t>(std::min(char_bytes(bytes[0]), 4));
-  if (length > bytes.size() && !isComplete) return 0;
-  length = std::min(length, bytes.size());
+  size_t length = typed_character(bytes, isComplete);
+  if (length == 0) return 0;
   std::string key(bytes.substr(0, length));
   if (key[0] == RETURN_BYTE) key[0] = HOST_KEY_ENTER;
   if (key[0] == ERASE_BYTE) key[0] = HOST_KEY_BACKSPACE;

@@ -1,11 +1,9 @@
 // Handing over scripted keys: what --type means, and when each key goes out.
 #include "run/key_feeder.h"
 
-#include <algorithm>
 #include <charconv>
 #include <utility>
 
-#include "common/text/utf8.h"
 #include "run/run_view.h"
 #include "run/screen/host_keys.h"
 
@@ -127,7 +125,7 @@ bool parse_key_text(std::string_view text, std::deque<TFeedItem>* items, std::st
       }
     } else {
       std::string_view rest = text.substr(pos);
-      size_t bytes = std::max<size_t>(char_length(rest), 1);
+      size_t bytes = typed_character(rest, true);
       bool isNewLine = rest[0] == '\n' || rest[0] == '\r';
       item.bytes = isNewLine ? std::string(1, HOST_KEY_ENTER) : std::string(rest.substr(0, bytes));
       pos += bytes;

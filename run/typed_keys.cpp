@@ -1,6 +1,9 @@
 // Which key types which byte, and how long it is down.
 #include "run/typed_keys.h"
 
+#include <algorithm>
+
+#include "common/text/utf8.h"
 #include "run/screen/host_keys.h"
 
 namespace zoka {
@@ -39,7 +42,20 @@ constexpr uint8_t FIRST_FUNCTION_KEY = 0x02;
 
 constexpr bigtime_t LONG_AGO = -TYPED_KEY_TIME;
 
+bool is_continuation(char c) {
+  return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+}
+
 }  // namespace
+
+size_t typed_character(std::string_view text, bool isComplete) {
+  constexpr int32_t LONGEST_CHARACTER = 4;
+  const auto wanted = static_cast<size_t>(std::min(char_bytes(text[0]), LONGEST_CHARACTER));
+  size_t count = 1;
+  while (count < std::min(wanted, text.size()) && is_continuation(text[count])) ++count;
+  const bool isCutOff = count < wanted && count == text.size();
+  return isCutOff && !isComplete ? 0 : count;
+}
 
 uint8_t typed_key_code(std::string_view bytes) {
   if (bytes.size() != 1) return 0;

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -13,6 +14,11 @@ namespace zoka {
 
 /// How long a typed key is taken to be down; microseconds.
 constexpr bigtime_t TYPED_KEY_TIME = 50'000;
+
+/// How many bytes of `text`, which is not empty, are its first key: those of a character as far as
+/// they belong together. A stray byte is a key of its own, lest it swallow the Return or the break
+/// behind it. 0 if `text` ends inside a character that may go on, as it may unless `isComplete`.
+size_t typed_character(std::string_view text, bool isComplete);
 
 /// The matrix code of the key that types these bytes on a Japanese keyboard, shifted or not; 0 if
 /// no single key does.

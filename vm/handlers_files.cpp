@@ -74,8 +74,8 @@ void add_start(TVMachine& m, TMessage* message) {
 /// The path of a list that a program names.
 std::string list_path(TVMachine& m, const TText& name, bool mustExist) {
   if (name.Length() == 0) throw m.RuntimeException2(ERR_FILE_NOT_FOUND);
-  return with_line(m,
-                   [&] { return m.mRsrc->DrvFolderRefs().FullPathFName(name.View(), mustExist); });
+  return with_line(
+      m, [&] { return m.mInputs->FilePath(m.mRsrc->DrvFolderRefs(), name.View(), mustExist); });
 }
 
 }  // namespace
@@ -84,7 +84,8 @@ void ExeBasicOpen(TVMachine& m, const TVMCode* code) {
   int32_t number = m.PopInt();
   TText name = m.PopText();
   with_line(m, [&] {
-    m.mRsrc->Files().Open(m.mRsrc->DrvFolderRefs(), name.View(), number, code->lval());
+    m.mInputs->OpenFile(m.mRsrc->Files(), m.mRsrc->DrvFolderRefs(), name.View(), number,
+                        code->lval());
   });
   open_file(m, number);
 }
@@ -100,7 +101,7 @@ void ExeBasicClose(TVMachine& m, const TVMCode* code) {
 
 void ExeBasicEof(TVMachine& m, const TVMCode*) {
   TZokaFile& file = open_numbered_file(m, m.PopInt());
-  m.PushInt(file.Eof() ? -1 : 0);
+  m.PushInt(m.mInputs->IsAtEnd(file) ? -1 : 0);
 }
 
 void ExeBasicFiles(TVMachine& m, const TVMCode* code) {
@@ -108,10 +109,10 @@ void ExeBasicFiles(TVMachine& m, const TVMCode* code) {
   if (drive < 1 || drive > DRIVE_COUNT) {
     throw m.RuntimeException2("@Runtime_Err_Bad_Drive_Number@");
   }
-  std::string folder = m.mRsrc->DrvFolderRefs().Folder(drive - 1);
+  std::string folder = m.mInputs->DriveFolder(m.mRsrc->DrvFolderRefs(), drive - 1);
   if (folder.empty()) throw m.RuntimeException2("@Runtime_Err_Disk_Offline@");
   m.mRsrc->SetFDDAccessLampByDriveIndex(drive - 1);
-  for (const TFolderEntry& entry : list_folder(folder)) print_entry(m, entry);
+  for (const TFolderEntry& entry : m.mInputs->ListFolder(folder)) print_entry(m, entry);
   m.mRsrc->DoCRLF();
   m.mRsrc->UpdateScreen();
 }

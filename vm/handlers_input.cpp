@@ -38,8 +38,7 @@ void input_line(TVMachine& m, TShelter saved, const int32_t* timeout) {
 void input_from_file(TVMachine& m, int32_t count, bool asLine) {
   TShelter saved = m.SheltVar(count);
   TZokaFile& file = open_numbered_file(m, m.PopInt());
-  TItems items;
-  InputFromFile(file, count, &items, asLine);
+  const TItems items = m.mInputs->ReadItems(file, count, asLine);
   if (static_cast<int32_t>(items.size()) < count) {
     throw m.RuntimeException2("@Runtime_Err_Input_Past_End@");
   }
@@ -99,7 +98,7 @@ void ExeBasicInputDl(TVMachine& m, const TVMCode* code) {
   }
   TZokaFile& file = open_numbered_file(m, m.PopInt());
   std::string text;
-  if (!InputDlFromFile(file, m.PopInt(), m.mRuntimeCompatiMode, &text)) {
+  if (!m.mInputs->ReadCharacters(file, m.PopInt(), m.mRuntimeCompatiMode, &text)) {
     throw m.RuntimeException2("@Runtime_Err_Input_Past_End@");
   }
   m.PushString(text);

@@ -17,42 +17,53 @@ using TInts = std::vector<int32_t>;
 
 // --- CALL MOUSE: the vector's length afterwards says how many variables are written.
 
-TInts click_results(int32_t state, TMouseState::TClicks& clicks) {
-  return {state, clicks.Take(), round_off(static_cast<double>(clicks.x.load())),
-          round_off(static_cast<double>(clicks.y.load()))};
+/// What can be asked about one kind of click.
+struct TClickReads {
+  TMouseRead count, x, y;
+};
+constexpr TClickReads LEFT_DOWNS = {TMouseRead::LeftDowns, TMouseRead::LeftDownX,
+                                    TMouseRead::LeftDownY};
+constexpr TClickReads LEFT_UPS = {TMouseRead::LeftUps, TMouseRead::LeftUpX, TMouseRead::LeftUpY};
+constexpr TClickReads RIGHT_DOWNS = {TMouseRead::RightDowns, TMouseRead::RightDownX,
+                                     TMouseRead::RightDownY};
+constexpr TClickReads RIGHT_UPS = {TMouseRead::RightUps, TMouseRead::RightUpX,
+                                   TMouseRead::RightUpY};
+
+TInts click_results(TVMachine& m, TMouseRead state, const TClickReads& clicks) {
+  return {m.ReadMouse(state), m.ReadMouse(clicks.count), m.ReadMouse(clicks.x),
+          m.ReadMouse(clicks.y)};
 }
 
-TInts ExeBasicCallMouseDisk03(TMouseState& mouse) {
-  return {mouse.MouseButtonLeftState(), mouse.MouseButtonRightState(), mouse.MousePosCurrentX(),
-          mouse.MousePosCurrentY()};
+TInts ExeBasicCallMouseDisk03(TVMachine& m) {
+  return {m.ReadMouse(TMouseRead::LeftState), m.ReadMouse(TMouseRead::RightState),
+          m.ReadMouse(TMouseRead::PosX), m.ReadMouse(TMouseRead::PosY)};
 }
 
 TInts call_mouse(TVMachine& m, const TInts& in) {
-  TMouseState& mouse = m.Mouse();
   switch (in[0]) {
     case 0:
       return {-1};
     case 3:
-      return ExeBasicCallMouseDisk03(mouse);
+      return ExeBasicCallMouseDisk03(m);
     case 5:
-      return click_results(mouse.MouseButtonLeftState(), mouse.mLeftDowns);
+      return click_results(m, TMouseRead::LeftState, LEFT_DOWNS);
     case 6:
-      return click_results(mouse.MouseButtonLeftState(), mouse.mLeftUps);
+      return click_results(m, TMouseRead::LeftState, LEFT_UPS);
     case 7:
-      return click_results(mouse.MouseButtonRightState(), mouse.mRightDowns);
+      return click_results(m, TMouseRead::RightState, RIGHT_DOWNS);
     case 8:
-      return click_results(mouse.MouseButtonRightState(), mouse.mRightUps);
+      return click_results(m, TMouseRead::RightState, RIGHT_UPS);
     case 10:
     case 13:
     case 14:
       return in;
     case 11:
-      return {in[0], in[1], mouse.MouseDistanceX(), mouse.MouseDistanceY()};
+      return {in[0], in[1], m.ReadMouse(TMouseRead::DistanceX), m.ReadMouse(TMouseRead::DistanceY)};
     case 16:
-      mouse.SetMouseRangeX(in[2], in[3]);
+      m.Mouse().SetMouseRangeX(in[2], in[3]);
       return {};
     case 17:
-      mouse.SetMouseRangeY(in[2], in[3]);
+      m.Mouse().SetMouseRangeY(in[2], in[3]);
       return {};
     case 1:
     case 2:
@@ -88,41 +99,36 @@ std::vector<TPlace> take_places(TVMachine& m, int32_t count) {
 
 // --- MOUSE(n[,button])
 
-int32_t button_state(TMouseState& mouse, int32_t button) {
-  return -(button == LEFT ? mouse.MouseButtonLeftState() : mouse.MouseButtonRightState());
-}
-
 /// MOUSE(2,b) to MOUSE(8,b): a button's state, counters and places.
-int32_t button_value(TMouseState& mouse, int32_t n, int32_t button) {
-  bool isLeft = button == LEFT;
-  TMouseState::TClicks& downs = isLeft ? mouse.mLeftDowns : mouse.mRightDowns;
-  TMouseState::TClicks& ups = isLeft ? mouse.mLeftUps : mouse.mRightUps;
-  TMouseState::TClicks& clicks = n <= 5 ? downs : ups;
+int32_t button_value(TVMachine& m, int32_t n, int32_t button) {
+  const bool isLeft = button == LEFT;
+  const TClickReads& downs = isLeft ? LEFT_DOWNS : RIGHT_DOWNS;
+  const TClickReads& ups = isLeft ? LEFT_UPS : RIGHT_UPS;
+  const TClickReads& clicks = n <= 5 ? downs : ups;
   switch (n) {
     case 2:
-      return button_state(mouse, button);
+      return -m.ReadMouse(isLeft ? TMouseRead::LeftState : TMouseRead::RightState);
     case 3:
     case 6:
-      return clicks.Take();
+      return m.ReadMouse(clicks.count);
     case 4:
     case 7:
-      return round_off(static_cast<double>(clicks.x.load()));
+      return m.ReadMouse(clicks.x);
     default:
-      return round_off(static_cast<double>(clicks.y.load()));
+      return m.ReadMouse(clicks.y);
   }
 }
 
 int32_t place_value(TVMachine& m, int32_t n) {
-  TMouseState& mouse = m.Mouse();
   switch (n) {
     case 0:
-      return mouse.MousePosCurrentX();
+      return m.ReadMouse(TMouseRead::PosX);
     case 1:
-      return mouse.MousePosCurrentY();
+      return m.ReadMouse(TMouseRead::PosY);
     case 9:
-      return mouse.MouseDistanceX();
+      return m.ReadMouse(TMouseRead::DistanceX);
     case 10:
-      return mouse.MouseDistanceY();
+      return m.ReadMouse(TMouseRead::DistanceY);
     default:
       throw bad_call(m);
   }
@@ -183,7 +189,7 @@ void ExeBasicMouseFunc(TVMachine& m, const TVMCode* code) {
   if (code->bval() != wantsButton) throw bad_call(m);
   if (!wantsButton) return m.PushInt(place_value(m, n));
   if (button != LEFT && button != RIGHT) throw bad_call(m);
-  m.PushInt(button_value(m.Mouse(), n, button));
+  m.PushInt(button_value(m, n, button));
 }
 
 void ExeBasicMouseProc(TVMachine& m, const TVMCode* code) {

@@ -113,10 +113,14 @@ class TLineEditor {
   void Type(const std::string& key) {
     int64_t scrolled = mRsrc.ScrolledRows();
     mRsrc.Print(key);
-    // The range goes up with the rows that scrolled.
     auto cells = static_cast<int32_t>((mRsrc.ScrolledRows() - scrolled) * Cols());
-    mLow = std::max(mLow - cells, cells > 0 ? FirstConsoleCell() : mLow);
-    mHigh = std::max({mHigh - cells, mLow, Cursor()});
+    if (cells > 0) {
+      // The range goes up with the rows that scrolled.
+      mLow = std::max(mLow - cells, FirstConsoleCell());
+      mHigh = std::max(mHigh - cells, FirstConsoleCell());
+    }
+    // Backspaces may have taken the high end below the low one, where it stays.
+    mHigh = std::max(mHigh, Cursor());
   }
 
   TBasicRsrc& mRsrc;

@@ -61,6 +61,48 @@ int32_t TMouseState::MouseDistanceY() {
   return distance(now, std::exchange(mLastReadY, now));
 }
 
+int32_t TMouseState::Read(TMouseRead what) {
+  switch (what) {
+    case TMouseRead::PosX:
+      return MousePosCurrentX();
+    case TMouseRead::PosY:
+      return MousePosCurrentY();
+    case TMouseRead::DistanceX:
+      return MouseDistanceX();
+    case TMouseRead::DistanceY:
+      return MouseDistanceY();
+    case TMouseRead::LeftState:
+      return MouseButtonLeftState();
+    case TMouseRead::RightState:
+      return MouseButtonRightState();
+    case TMouseRead::LeftDowns:
+      return mLeftDowns.Take();
+    case TMouseRead::LeftDownX:
+      return rounded(mLeftDowns.x);
+    case TMouseRead::LeftDownY:
+      return rounded(mLeftDowns.y);
+    case TMouseRead::LeftUps:
+      return mLeftUps.Take();
+    case TMouseRead::LeftUpX:
+      return rounded(mLeftUps.x);
+    case TMouseRead::LeftUpY:
+      return rounded(mLeftUps.y);
+    case TMouseRead::RightDowns:
+      return mRightDowns.Take();
+    case TMouseRead::RightDownX:
+      return rounded(mRightDowns.x);
+    case TMouseRead::RightDownY:
+      return rounded(mRightDowns.y);
+    case TMouseRead::RightUps:
+      return mRightUps.Take();
+    case TMouseRead::RightUpX:
+      return rounded(mRightUps.x);
+    case TMouseRead::RightUpY:
+      return rounded(mRightUps.y);
+  }
+  return 0;
+}
+
 void TMouseState::SetMouseRangeX(int32_t a, int32_t b) {
   mMinX.store(std::min(a, b));
   mMaxX.store(std::max(a, b));

@@ -9,6 +9,29 @@
 
 namespace zoka {
 
+/// What a program can ask about the mouse. Of each kind of click: how many since the last look, and
+/// where the last one was.
+enum class TMouseRead : uint8_t {
+  PosX,
+  PosY,
+  DistanceX,
+  DistanceY,
+  LeftState,
+  RightState,
+  LeftDowns,
+  LeftDownX,
+  LeftDownY,
+  LeftUps,
+  LeftUpX,
+  LeftUpY,
+  RightDowns,
+  RightDownX,
+  RightDownY,
+  RightUps,
+  RightUpX,
+  RightUpY,
+};
+
 class TMouseState {
  public:
   /// Writers. `grphYScale` divides the row of the current position; the points of button events
@@ -17,7 +40,9 @@ class TMouseState {
   void SetMouseButtonLeftState(int32_t state, TPoint point);
   void SetMouseButtonRightState(int32_t state, TPoint point);
 
-  /// Readers.
+  /// The reader: looks, and takes what a look uses up.
+  int32_t Read(TMouseRead what);
+
   int32_t MousePosCurrentX();
   int32_t MousePosCurrentY();
   int32_t MouseDistanceX();
@@ -25,6 +50,12 @@ class TMouseState {
   int32_t MouseButtonLeftState() const { return mLeftState.load(); }
   int32_t MouseButtonRightState() const { return mRightState.load(); }
 
+  /// Stores the range, sorted.
+  void SetMouseRangeX(int32_t a, int32_t b);
+  void SetMouseRangeY(int32_t a, int32_t b);
+  void SetMouseMaxY(int32_t maxY) { mMaxY = maxY; }
+
+ private:
   /// A button event's counter and place.
   struct TClicks {
     std::atomic<int32_t> count{0};
@@ -36,12 +67,6 @@ class TMouseState {
   };
   TClicks mLeftDowns, mLeftUps, mRightDowns, mRightUps;
 
-  /// Stores the range, sorted.
-  void SetMouseRangeX(int32_t a, int32_t b);
-  void SetMouseRangeY(int32_t a, int32_t b);
-  void SetMouseMaxY(int32_t maxY) { mMaxY = maxY; }
-
- private:
   std::atomic<int32_t> mMaxX{639}, mMinX{0}, mMaxY{399}, mMinY{0};
   std::atomic<int32_t> mLeftState{0}, mRightState{0};
   std::atomic<float> mX{0}, mY{0};

@@ -226,6 +226,7 @@ class TVMachine : public TThread {
   TLocalTime LocalTime();
   std::string PopKey();
   std::string PopKeyWithTimeout(bigtime_t timeout);
+  int32_t ReadMouse(TMouseRead what) { return mInputs->ReadMouse(what, mMouse); }
 
   /// For the debugger: a statement's access to a variable; empty here.
   virtual void RegisterVarAccess(int32_t access, TVarInfo* var, int32_t index);

@@ -14,7 +14,7 @@ constexpr bigtime_t BUSY_WAIT_LIMIT = 20'000;
 }  // namespace
 
 void TVMachine::Interrupt() {
-  const uint32_t flags = mPort->mIrFlags.load();
+  const uint32_t flags = mInputs->PendingEvents(*mPort, {Jumps(), PCIndex()});
   if ((flags & IR_FORCED_STOP) != 0) {
     InterruptVMTerminate();
     return;

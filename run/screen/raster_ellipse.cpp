@@ -49,17 +49,16 @@ int32_t column_of(double v) {
   return v < BEHIND_PAGE ? static_cast<int32_t>(v) : BEHIND_PAGE;
 }
 
-/// The span is guessed from the centre and then put right by the formula itself, which rounding may
-/// have moved by a pixel (by more far outside, but never beyond the page).
+/// The span is guessed from the centre, a column too long at either end since sums are rounded, and
+/// then cut by the formula itself. (Far outside it may be too long by more than a column; it is
+/// never too short, since such a sum that comes near the page is exact.)
 TSpan row_span(const TEllipse& ellipse, int32_t y) {
   const double half = half_width(ellipse, y);
   if (!(half > 0)) return {};
   const double cx = ellipse.cx;
   if (!(cx + half >= BEFORE_PAGE && cx - half <= BEHIND_PAGE)) return {};
-  TSpan span{column_of(std::floor(cx - half) + 1), column_of(std::ceil(cx + half) - 1)};
-  while (span.first > BEFORE_PAGE && covers(cx, half, span.first - 1)) --span.first;
+  TSpan span{column_of(std::floor(cx - half)), column_of(std::ceil(cx + half))};
   while (span.first <= BEHIND_PAGE && !covers(cx, half, span.first)) ++span.first;
-  while (span.last < BEHIND_PAGE && covers(cx, half, span.last + 1)) ++span.last;
   while (span.last >= BEFORE_PAGE && !covers(cx, half, span.last)) --span.last;
   return span;
 }

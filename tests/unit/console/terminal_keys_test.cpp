@@ -52,6 +52,11 @@ TEST(TerminalKeys, UnfinishedCharactersAndSequencesStay) {
   EXPECT_EQ(left, "\x1b[1");
 }
 
+TEST(TerminalKeys, AStrayLeadByteSwallowsNoReturnAndNoBreak) {
+  EXPECT_EQ(keys_of("\xE9\r", false), "\xE9\x0A");
+  EXPECT_EQ(keys_of(std::string("\xFF\x03") + "b", false), "\xFF<BREAK>b");
+}
+
 TEST(TerminalKeys, ControlCBreaksAndControlZSuspends) {
   EXPECT_EQ(keys_of(std::string("a\x03") + "b"), "a<BREAK>b");
   std::string bytes = std::string("a\x1A") + "b";

@@ -36,6 +36,10 @@ TEST(KeyText, Characters) {
   EXPECT_EQ(keys_of("}"), "}|");
 }
 
+TEST(KeyText, AStrayLeadByteIsAKeyOfItsOwn) {
+  EXPECT_EQ(keys_of("\xE3{LEFT}\xF0\x9F"), "\xE3|\x1C|\xF0\x9F|");
+}
+
 TEST(KeyText, Escapes) {
   EXPECT_EQ(keys_of("a\\rb\\n\\\\{{c}"), "a|\x0A|b|\x0A|\\|{|c|}|");
   EXPECT_EQ(keys_of("\n\r"), "\x0A|\x0A|");

@@ -123,6 +123,15 @@ TEST(RunMouse, ButtonsAndMovesRaiseTheirEvents) {
   EXPECT_EQ(raised(), 0u);
 }
 
+TEST(RunMouse, ThePointerIsFollowedWhileAButtonIsDown) {
+  TRunRig rig;
+  make_ready(rig, "10 PRINT\n");
+  rig.view->MouseDown({1, 2}, TRunView::LEFT_BUTTON);
+  EXPECT_EQ(rig.host.captures, std::vector<bool>{true});
+  rig.view->MouseUp({700, 2}, TRunView::LEFT_BUTTON);
+  EXPECT_EQ(rig.host.captures, (std::vector<bool>{true, false}));
+}
+
 TEST(RunMouse, ARangeEndsWithItsRun) {
   TRunRig rig;
   rig.Run("10 M=16:B=100:C=50:CALL MOUSE(M,A,B,C):PRINT MOUSE(0)\n");

@@ -20,6 +20,7 @@ namespace zoka {
 class TRunLog final : public TRunHost, public TAlertHost {
  public:
   void TranscriptRow(std::string_view row) override { rows.emplace_back(row); }
+  void CapturePointer(bool capture) override { captures.push_back(capture); }
   void SetTitle(const std::string& title) override { titles.push_back(title); }
   void DriveChanged(int32_t index, const std::string& path, const std::string& name) override {
     drives.push_back(std::to_string(index) + "|" + path + "|" + name);
@@ -37,6 +38,7 @@ class TRunLog final : public TRunHost, public TAlertHost {
   }
 
   std::vector<std::string> rows, titles, drives, alerts;
+  std::vector<bool> captures;
   std::vector<int64_t> ended;
   int32_t endStatus = -1;
   bool hasRequest = false;

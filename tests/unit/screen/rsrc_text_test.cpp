@@ -121,6 +121,14 @@ TEST_F(TTextTest, WideCharacterAtTheLastCellLosesItsHalf) {
   EXPECT_EQ(rsrc.CursorPos(), 2001 - 80);
 }
 
+TEST_F(TTextTest, WideCharacterFillsTheLastTwoCells) {
+  rsrc.SetConsole(0, 24);
+  rsrc.SetCursorPos(1998);
+  rsrc.Print("漢");
+  EXPECT_EQ(CellText(1998), "漢");
+  EXPECT_TRUE(rsrc.Cell(1999).IsRightHalf());
+}
+
 TEST_F(TTextTest, FourByteAndBrokenCharactersKeepWithinTheirCell) {
   rsrc.Print("\xF0\x9F\x98\x80\xFF\xE3\x81");
   EXPECT_EQ(CellText(0), "\xF0\x9F\x98\x80");

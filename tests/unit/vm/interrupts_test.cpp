@@ -397,6 +397,14 @@ TEST(MouseState, RangesAreSorted) {
   EXPECT_EQ(mouse.MousePosCurrentX(), 100);
 }
 
+TEST(InterruptPort, ShowsThatItsMachineIsToStop) {
+  TMachineRig rig;
+  const std::shared_ptr<TInterruptPort> port = rig.Machine().Port();
+  EXPECT_FALSE(port->mStopped);
+  rig.Machine().Terminate();  // as the destructor does, without the port
+  EXPECT_TRUE(port->mStopped);
+}
+
 TEST(MouseState, DistancesCountFromTheRangesEdge) {
   TMouseState mouse;
   mouse.SetMousePosCurrent({700, 20}, 1);
@@ -414,14 +422,14 @@ TEST(MouseState, ClicksAreDeliveredOnce) {
   mouse.SetMouseButtonLeftState(-1, {7, 302});
   mouse.SetMouseButtonRightState(-1, {8, 303});
   EXPECT_EQ(mouse.MouseButtonLeftState(), -1);
-  EXPECT_EQ(mouse.mLeftDowns.Take(), 2);
-  EXPECT_EQ(mouse.mLeftDowns.Take(), 0);
-  EXPECT_EQ(mouse.mLeftUps.Take(), 1);
-  EXPECT_EQ(mouse.mRightDowns.Take(), 1);
-  EXPECT_EQ(mouse.mRightUps.Take(), 0);
-  EXPECT_EQ(mouse.mLeftDowns.x, 7.0f);
-  EXPECT_EQ(mouse.mLeftDowns.y, 302.0f);  // device rows, whatever the mode
-  EXPECT_EQ(mouse.mLeftUps.y, 301.0f);
+  EXPECT_EQ(mouse.Read(TMouseRead::LeftDowns), 2);
+  EXPECT_EQ(mouse.Read(TMouseRead::LeftDowns), 0);
+  EXPECT_EQ(mouse.Read(TMouseRead::LeftUps), 1);
+  EXPECT_EQ(mouse.Read(TMouseRead::RightDowns), 1);
+  EXPECT_EQ(mouse.Read(TMouseRead::RightUps), 0);
+  EXPECT_EQ(mouse.Read(TMouseRead::LeftDownX), 7);
+  EXPECT_EQ(mouse.Read(TMouseRead::LeftDownY), 302);  // device rows, whatever the mode
+  EXPECT_EQ(mouse.Read(TMouseRead::LeftUpY), 301);
 }
 
 }  // namespace

@@ -40,7 +40,7 @@ class THostLog final : public TMachineHost {
 };
 
 /// Inputs that a test sets.
-class TTestInputs final : public TRunInputs {
+class TTestInputs : public TRunInputs {
  public:
   explicit TTestInputs(TClock& clock) : mClock(clock) {}
   bigtime_t SystemTime() override {
@@ -171,7 +171,7 @@ class TMachineRig {
     parts.context = &context;
     parts.midCode = &code;
     parts.rsrc = &rsrc;
-    parts.inputs = &inputs;
+    parts.inputs = otherInputs != nullptr ? otherInputs : &inputs;
     parts.host = &host;
     parts.memoryLimit = memoryLimit;
     machine = std::make_unique<TVMachine>("Virtual Machine", parts);
@@ -230,6 +230,7 @@ class TMachineRig {
   TAlertLog alertLog;
   THostLog host;
   TTestInputs inputs;
+  TRunInputs* otherInputs = nullptr;  // in place of `inputs`
   TBasicRsrc rsrc;
   TMidCode code;
   int64_t memoryLimit = 64 << 20;

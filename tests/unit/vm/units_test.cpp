@@ -67,12 +67,13 @@ TEST(Units, AnOperandThatIsNoNumberReadsAsZero) {
   TMachineRig rig;
   rig.Let("A%", 5).Text("text").Int(3).Op(BSubInt).Text("text").Load("A%").Op(BAddInt);
   rig.Text("@NO").Text("text").Int(0).Op(BEqualInt).Op(BFJmp).Int(1).Label("@NO");
+  rig.Text("@OVER").Text("text").Int(1).Op(BEqualInt).Op(BFJmp).Int(2).Label("@OVER");
   EXPECT_EQ(rig.Run(), 0);
   const auto values = rig.Values();
   ASSERT_EQ(values.size(), 3u);
   EXPECT_EQ(values[0].lval, -3);
   EXPECT_EQ(values[1].lval, 5);
-  EXPECT_EQ(values[2].lval, 1) << "0 = 0, so no jump";
+  EXPECT_EQ(values[2].lval, 1) << "0 = 0, so no jump, but one over the 2";
 }
 
 /// Rounds of FOR I% = `from` with that limit and step, the limit a constant or the variable L%.

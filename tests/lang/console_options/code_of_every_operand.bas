@@ -1,0 +1,5 @@
+10 A=1.1:B#=.1#:K%=&HFFFF
+20 S$="か	x\"
+30 *TOP:IF A THEN *TOP ELSE 10
+40 DATA x, "y"
+50 DEF FNA(X)=X:PRINT FNA(1),
