@@ -15,6 +15,11 @@ namespace zoka {
 namespace {
 
 constexpr const char TITLE[] = "KORUNE Common Preferences";
+/// What a window's frame has beside the title: an icon, buttons, letters that may be bold.
+constexpr int FRAME_ROOM = 140;
+constexpr int LABEL_COLUMN = 0;
+constexpr int MENU_COLUMN = 1;
+constexpr int COLUMNS = 2;
 
 }  // namespace
 
@@ -28,7 +33,8 @@ TIAPWindow::TIAPWindow(TWindowContext& context, TIAPBoard& board,
   setCentralWidget(view);
   layout()->setSizeConstraint(QLayout::SetFixedSize);
   auto* whole = new QVBoxLayout(view);
-  mItems = new QVBoxLayout;
+  mItems = new QGridLayout;
+  mItems->setColumnStretch(MENU_COLUMN, 1);
   whole->addLayout(mItems);
   CreateButtons(whole);
   AddComponents();
@@ -79,16 +85,14 @@ TIAPWindow::TControl TIAPWindow::MakeConfigurationView(const TIAPComponent& comp
 }
 
 TIAPWindow::TControl TIAPWindow::MakeMenu(const TIAPComponent& component) {
-  auto* row = new QHBoxLayout;
   auto* label = new QLabel(this);
   auto* menu = new QComboBox(this);
   menu->setObjectName(QString::fromStdString(component.name));
   menu->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   label->setBuddy(menu);
-  row->addWidget(label);
-  row->addWidget(menu);
-  row->addStretch();
-  mItems->addLayout(row);
+  const int row = mItems->rowCount();
+  mItems->addWidget(label, row, LABEL_COLUMN);
+  mItems->addWidget(menu, row, MENU_COLUMN);
   const TIAPConfiguration configuration = component.configuration;
   for (const TIAPChoice& choice : configuration.choices) {
     menu->addItem(QString(), QByteArray::fromStdString(choice.value));
@@ -120,7 +124,7 @@ TIAPWindow::TControl TIAPWindow::MakeMenu(const TIAPComponent& component) {
 TIAPWindow::TControl TIAPWindow::MakeBox(const TIAPComponent& component) {
   auto* box = new QCheckBox(this);
   box->setObjectName(QString::fromStdString(component.name));
-  mItems->addWidget(box);
+  mItems->addWidget(box, mItems->rowCount(), LABEL_COLUMN, 1, COLUMNS);
   connect(box, &QCheckBox::clicked, this, [this, name = component.name](bool on) {
     TMessage value(IAP_VALUE_CODE);
     add_default_info(&value, name);
@@ -152,6 +156,7 @@ void TIAPWindow::SetTabOrders() {
 
 void TIAPWindow::SetViewLabel() {
   setWindowTitle(localized(Engine(), TITLE));
+  centralWidget()->setMinimumWidth(fontMetrics().horizontalAdvance(windowTitle()) + FRAME_ROOM);
   for (const auto& [name, control] : mControls) control.setLabel();
   mDefaults->setText(Label("Defaults", "D"));
   mCancel->setText(localized(Engine(), "Cancel"));

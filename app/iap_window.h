@@ -2,6 +2,7 @@
 // changes go is TCommonPrefs' business.
 #pragma once
 
+#include <QGridLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <functional>
@@ -60,7 +61,7 @@ class TIAPWindow final : public TBasicWindow {
 
   TIAPBoard& mBoard;
   std::function<void(const TMessage&)> mChanged;
-  QVBoxLayout* mItems = nullptr;
+  QGridLayout* mItems = nullptr;
   std::map<std::string, TControl> mControls;  // by the item's name
   QPushButton* mDefaults = nullptr;
   QPushButton* mCancel = nullptr;

@@ -68,7 +68,11 @@ void TZokaBasicWindow::CreateMenu() {
   menuBar()->setObjectName("MenuBar");
   const QList<QMenu*> old = menuBar()->findChildren<QMenu*>(Qt::FindDirectChildrenOnly);
   menuBar()->clear();
-  for (QMenu* menu : old) menu->deleteLater();
+  for (QMenu* menu : old) {
+    // An item is looked for by its name, and must not be found in here.
+    menu->setParent(nullptr);
+    menu->deleteLater();
+  }
   CreateFileMenu();
   CreateEditMenu();
   CreateRunMenu();
@@ -124,22 +128,38 @@ void TZokaBasicWindow::CreateEditMenu() {
   };
   QMenu* const menu = AddMenu(new QMenu(menuBar()), "Edit", "E");
   AddRows(menu, rows, std::size(rows));
-  const auto add = [&](const char* label, const QKeySequence& shortcut, auto fn) {
-    QAction* const item = menu->addAction(localized(Engine(), label));
-    item->setShortcut(shortcut);
+  AddComforts(menu);
+}
+
+/// What the editor offers beyond: not by messages, as nobody else asks for it.
+void TZokaBasicWindow::AddComforts(QMenu* menu) {
+  using TKeys = QList<QKeySequence>;
+  const auto add = [&](const char* label, const char* key, const TKeys& shortcuts, auto fn) {
+    const std::string text = Engine().catalogue->GetString(label);
+    QAction* const item = menu->addAction(menu_label(Engine(), text, key));
+    item->setShortcuts(shortcuts);
     connect(item, &QAction::triggered, this, fn);
   };
-  add("Undo", Qt::CTRL | Qt::Key_Z, [this] { mView->Edit().undo(); });
-  add("Redo", Qt::CTRL | Qt::Key_Y, [this] { mView->Edit().redo(); });
-  add("Find and Replace", Qt::CTRL | Qt::Key_F, [this] { mView->FindBar().Appear(); });
-  add("Find Next", Qt::Key_F3, [this] { mView->FindBar().FindNext(); });
-  add("Find Previous", Qt::SHIFT | Qt::Key_F3, [this] { mView->FindBar().FindPrevious(); });
-  add("Complete Word", Qt::CTRL | Qt::Key_Space, [this] { mView->Comforts().CompleteWord(); });
-  add("Go to Definition", Qt::Key_F12, [this] { mView->Comforts().GoToDefinition(); });
-  add("Go Back", Qt::ALT | Qt::Key_Left, [this] { mView->Comforts().GoBack(); });
-  add("Larger Text", Qt::CTRL | Qt::Key_Plus, [this] { mView->Edit().zoomIn(); });
-  add("Smaller Text", Qt::CTRL | Qt::Key_Minus, [this] { mView->Edit().zoomOut(); });
-  add("Normal Text Size", Qt::CTRL | Qt::Key_0, [this] { mView->Edit().zoomTo(0); });
+  TEditTxtView& edit = mView->Edit();
+  TFindBar& bar = mView->FindBar();
+  TEditComforts& comforts = mView->Comforts();
+  add("Undo", "U", {Qt::CTRL | Qt::Key_Z}, [&edit] { edit.undo(); });
+  add("Redo", "R", {Qt::CTRL | Qt::Key_Y}, [&edit] { edit.redo(); });
+  menu->addSeparator();
+  add("Find", "F", {Qt::CTRL | Qt::Key_F}, [&bar] { bar.Appear(); });
+  add("Find Next", "N", {Qt::Key_F3}, [&bar] { bar.FindNext(); });
+  add("Find Previous", "P", {Qt::SHIFT | Qt::Key_F3}, [&bar] { bar.FindPrevious(); });
+  add("Replace", "E", {Qt::CTRL | Qt::Key_H}, [&bar] { bar.AppearToReplace(); });
+  menu->addSeparator();
+  add("Complete Word", "W", {Qt::CTRL | Qt::Key_Space}, [&comforts] { comforts.CompleteWord(); });
+  add("Go to Definition", "D", {Qt::Key_F12}, [&comforts] { comforts.GoToDefinition(); });
+  add("Go Back", "B", {Qt::ALT | Qt::Key_Left}, [&comforts] { comforts.GoBack(); });
+  menu->addSeparator();
+  // The plus needs Shift on many keyboards, and its key without is the equals sign.
+  add("Larger Text", "", {Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal},
+      [&edit] { edit.zoomIn(); });
+  add("Smaller Text", "", {Qt::CTRL | Qt::Key_Minus}, [&edit] { edit.zoomOut(); });
+  add("Normal Text Size", "", {Qt::CTRL | Qt::Key_0}, [&edit] { edit.zoomTo(0); });
 }
 
 void TZokaBasicWindow::CreateRunMenu() {

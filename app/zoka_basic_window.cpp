@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <QShortcut>
 
 #include "app/settings/exit_states.h"
 #include "app/settings/show_alert.h"
@@ -60,6 +61,9 @@ TZokaBasicWindow::TZokaBasicWindow(TWindowContext& context, TRunWindow& runWindo
   resize(size().boundedTo(screen()->availableSize()));
   MoveToFrame(frame);
   CreateMenu();
+  // The item in the menu has a submenu, and cannot have a key itself.
+  connect(new QShortcut(Qt::CTRL | Qt::Key_O, this), &QShortcut::activated, this,
+          [this] { PostMessage(TMessage("_opn")); });
   SetWinTitle();
   mView->setFocus();
 }

@@ -59,6 +59,7 @@ class TZokaBasicWindow final : public TBasicWindow {
   QAction* AddItem(QMenu* menu, const TMenuRow& row);
   void CreateFileMenu();
   void CreateEditMenu();
+  void AddComforts(QMenu* menu);
   void CreateRunMenu();
   void CreateHelpMenu();
   void CreateSamplesMenu(QMenu* menu);

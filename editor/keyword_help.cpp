@@ -16,6 +16,7 @@ namespace {
 
 constexpr size_t ENTRY_LINES = 4;
 constexpr std::string_view REMARK = "REM";
+constexpr char TERM_MARK = '=';
 
 /// Bytes [begin, end) of a line.
 struct TWordPlace {
@@ -29,6 +30,35 @@ TWordPlace run_at(const std::vector<TTextStyle>& styles, size_t at) {
   while (place.begin > 0 && styles[place.begin - 1] == styles[at]) --place.begin;
   while (place.end < styles.size() && styles[place.end] == styles[at]) ++place.end;
   return place;
+}
+
+/// Calls `take` for each line of a text, without its end.
+template <typename F>
+void for_each_line(std::string_view text, const F& take) {
+  while (!text.empty()) {
+    const size_t end = std::min(text.find('\n'), text.size());
+    take(text.substr(0, end));
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+}
+
+/// True for the bytes that names in a syntax, and words of the language, are made of.
+bool is_name_byte(char c) {
+  return is_letter(c) || is_digit(c) || c == '$';
+}
+
+/// The longest term that begins at a byte of a syntax, and ends with a word; null if there is none.
+const TSyntaxTerm* term_at(std::string_view syntax, size_t at,
+                           const std::vector<TSyntaxTerm>& terms) {
+  const TSyntaxTerm* longest = nullptr;
+  if (at > 0 && is_name_byte(syntax[at - 1])) return nullptr;
+  for (const TSyntaxTerm& term : terms) {
+    const size_t end = at + term.english.size();
+    if (!syntax.substr(at).starts_with(term.english)) continue;
+    if (end < syntax.size() && is_name_byte(syntax[end])) continue;
+    if (longest == nullptr || term.english.size() > longest->english.size()) longest = &term;
+  }
+  return longest;
 }
 
 bool is_word_style(TTextStyle style) {
@@ -57,17 +87,43 @@ std::vector<TKeywordHelp> parse_keyword_help(std::string_view source) {
     if (entry.size() == ENTRY_LINES) entries.push_back({entry[0], entry[1], entry[2], entry[3]});
     entry.clear();
   };
-  while (!source.empty()) {
-    const size_t end = std::min(source.find('\n'), source.size());
-    const std::string_view line = source.substr(0, end);
-    source.remove_prefix(std::min(end + 1, source.size()));
-    if (line.empty() || line.starts_with("//")) continue;
+  for_each_line(source, [&](std::string_view line) {
+    if (line.empty() || line.starts_with("//") || line[0] == TERM_MARK) return;
     const bool indented = line[0] == '\t';
     if (!indented) finish();
     entry.emplace_back(line.substr(indented ? 1 : 0));
-  }
+  });
   finish();
   return entries;
+}
+
+std::vector<TSyntaxTerm> parse_syntax_terms(std::string_view source) {
+  std::vector<TSyntaxTerm> terms;
+  for_each_line(source, [&](std::string_view line) {
+    const size_t tab = line.find('\t');
+    if (!line.starts_with(TERM_MARK) || tab == std::string_view::npos || tab == 1) return;
+    terms.push_back({std::string(line.substr(1, tab - 1)), std::string(line.substr(tab + 1))});
+  });
+  return terms;
+}
+
+std::string japanese_syntax(std::string_view syntax, const std::vector<TSyntaxTerm>& terms) {
+  std::string japanese;
+  for (size_t at = 0; at < syntax.size();) {
+    const TSyntaxTerm* const term = term_at(syntax, at, terms);
+    if (term == nullptr) {
+      japanese += syntax[at++];
+      continue;
+    }
+    japanese += term->japanese;
+    at += term->english.size();
+  }
+  return japanese;
+}
+
+std::string TKeywordHelp::Syntax(TLanguage language) const {
+  static const auto TERMS = parse_syntax_terms(KEYWORD_HELP);
+  return language == TLanguage::Japanese ? japanese_syntax(syntax, TERMS) : syntax;
 }
 
 const std::vector<TKeywordHelp>& keyword_help_entries() {

@@ -165,7 +165,10 @@ void TListRequests::CopyRequested(const TMessage& message) {
   if (!message.FindRef("refs", &ref) || !AskSave(message, mHost.WindowId())) return;
   TListText list;
   const TListFault fault = CreateListCtt(ref.bytes, ENCODING_UTF8, false, &list);
-  if (fault == TListFault::None) return mDocument.OpenCopy(list.text);
+  if (fault == TListFault::None) {
+    mDocument.OpenCopy(list.text);
+    return mHost.SampleOpened();
+  }
   show_fault_alert(mContext, list_fault_text(fault, ref.bytes, *mContext.catalogue), nullptr);
 }
 

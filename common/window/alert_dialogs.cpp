@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QThread>
+#include <QWindow>
 #include <mutex>
 
 #include "common/window/basic_window.h"
@@ -29,13 +30,12 @@ class THeldQueue {
   TBasicWindow* mWindow;
 };
 
-QWidget* alert_parent() {
-  QWidget* active = QApplication::activeWindow();
-  if (active != nullptr) return active;
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->isVisible() && dynamic_cast<TBasicWindow*>(window) != nullptr) return window;
+/// The window of the system's that `widget` is, or belongs to; null if there is none.
+TBasicWindow* basic_window_of(QWidget* widget) {
+  while (widget != nullptr && dynamic_cast<TBasicWindow*>(widget) == nullptr) {
+    widget = widget->parentWidget();
   }
-  return nullptr;
+  return dynamic_cast<TBasicWindow*>(widget);
 }
 
 }  // namespace
@@ -55,8 +55,26 @@ int pressed_button(const QMessageBox& box) {
   return pressed != nullptr ? pressed->property("index").toInt() : -1;
 }
 
+TAlertDialogs::TAlertDialogs() {
+  QObject::connect(qApp, &QGuiApplication::focusWindowChanged, &mContext, [this] {
+    TBasicWindow* const window = basic_window_of(QApplication::activeWindow());
+    if (window != nullptr) mLastActive = window;
+  });
+}
+
+QWidget* TAlertDialogs::Parent() const {
+  QWidget* const active = QApplication::activeWindow();
+  if (active != nullptr) return active;
+  // A dialog that has just gone leaves none active for a moment.
+  if (mLastActive && mLastActive->isVisible()) return mLastActive;
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && dynamic_cast<TBasicWindow*>(window) != nullptr) return window;
+  }
+  return nullptr;
+}
+
 QMessageBox* TAlertDialogs::MakeBox(const TAlert& alert) {
-  auto* box = new QMessageBox(alert_parent());
+  auto* box = new QMessageBox(Parent());
   box->setIcon(QMessageBox::Warning);
   box->setTextFormat(Qt::PlainText);
   box->setWindowTitle(APP_NAME);

@@ -17,6 +17,9 @@ namespace zoka {
 /// any other thread is shown and answered by nobody.
 class TAlertDialogs final : public TAlertHost {
  public:
+  /// The application object is there already.
+  TAlertDialogs();
+
   /// Any thread.
   int ShowAlert(const TAlert& alert, TThread* waiter) override;
 
@@ -29,8 +32,11 @@ class TAlertDialogs final : public TAlertHost {
   int ShowModal(const TAlert& alert);
   void Open(const TAlert& alert, const std::shared_ptr<TTicket>& ticket);
   QMessageBox* MakeBox(const TAlert& alert);
+  /// The window that an alert belongs to: the one that the user is in, or was in last.
+  QWidget* Parent() const;
 
   QPointer<QMessageBox> mOpen;
+  QPointer<QWidget> mLastActive;
   QObject mContext;  // calls posted to the window thread end with it
 };
 

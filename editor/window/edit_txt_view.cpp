@@ -22,6 +22,10 @@ constexpr int MIN_NUMBER_DIGITS = 4;
 constexpr int MARK_MARGIN_WIDTH = 18;
 constexpr int FAULT_MARK = 1;
 constexpr int FAULT_LINE_MARK = 2;
+/// How much of its colour a box around what is looked for has, of 255: inside, where the text must
+/// stay as legible as it is, and at its edge.
+constexpr long FOUND_ALPHA = 50;
+constexpr long FOUND_EDGE_ALPHA = 255;
 
 /// The keys of moving and typing. All others are left to the menus: none of the component's own may
 /// delete a line where the user expects a menu.
@@ -148,6 +152,9 @@ void TEditTxtView::SetMarks() {
   markerDefine(RightArrow, FAULT_MARK);
   markerDefine(Background, FAULT_LINE_MARK);
   indicatorDefine(SquiggleIndicator, UNDEFINED_INDICATOR);
+  indicatorDefine(StraightBoxIndicator, FOUND_INDICATOR);
+  setIndicatorDrawUnder(true, FOUND_INDICATOR);
+  SendScintilla(SCI_INDICSETOUTLINEALPHA, FOUND_INDICATOR, FOUND_EDGE_ALPHA);
   mBreakMarks = new TBreakMarks(*this, MARK_MARGIN);
 }
 
@@ -176,6 +183,8 @@ void TEditTxtView::ApplyColours() {
   setMatchedBraceBackgroundColor(colours.brace);
   setMatchedBraceForegroundColor(colours.text[0]);
   setIndicatorForegroundColor(colours.undefined, UNDEFINED_INDICATOR);
+  setIndicatorForegroundColor(colours.brace, FOUND_INDICATOR);
+  SendScintilla(SCI_INDICSETALPHA, FOUND_INDICATOR, FOUND_ALPHA);
 }
 
 void TEditTxtView::ColourCaretLine() {

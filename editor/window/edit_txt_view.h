@@ -17,6 +17,8 @@ namespace zoka {
 
 /// The indicator under jumps that lead nowhere.
 constexpr int UNDEFINED_INDICATOR = 8;
+/// The indicator around what is looked for.
+constexpr int FOUND_INDICATOR = 9;
 
 /// True for files that were dragged from another application: `source` is null then.
 bool is_foreign_drop(const QObject* source, const QMimeData& data);

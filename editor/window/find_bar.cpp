@@ -3,6 +3,7 @@
 
 #include <QGridLayout>
 #include <QKeyEvent>
+#include <algorithm>
 
 #include "common/window/menu_label.h"
 
@@ -34,7 +35,8 @@ TFindBar::TFindBar(QWidget* parent, const TEngineContext& context, TEditTxtView&
       mReplaceOne(new QPushButton(this)),
       mReplaceAll(new QPushButton(this)),
       mClose(new QPushButton(this)),
-      mCount(new QLabel(this)) {
+      mCount(new QLabel(this)),
+      mMarks(edit) {
   auto* grid = new QGridLayout(this);
   grid->setContentsMargins(4, 4, 4, 4);
   QWidget* const rows[2][6] = {{mFind, mPrevious, mNext, mCase, mWord, mRegex},
@@ -45,6 +47,7 @@ TFindBar::TFindBar(QWidget* parent, const TEngineContext& context, TEditTxtView&
     }
   }
   grid->setColumnStretch(0, 1);
+  grid->setAlignment(mClose, Qt::AlignRight);
   connect(mNext, &QPushButton::clicked, this, [this] { FindNext(); });
   connect(mPrevious, &QPushButton::clicked, this, [this] { FindPrevious(); });
   connect(mReplaceOne, &QPushButton::clicked, this, [this] { ReplaceOne(); });
@@ -54,6 +57,7 @@ TFindBar::TFindBar(QWidget* parent, const TEngineContext& context, TEditTxtView&
     mEdit.setFocus();
   });
   connect(mFind, &QLineEdit::textChanged, this, [this] { ShowCount(); });
+  connect(mFind, &QLineEdit::textEdited, this, [this] { FindTyped(); });
   for (QCheckBox* box : {mCase, mWord, mRegex}) {
     connect(box, &QCheckBox::toggled, this, [this] { ShowCount(); });
   }
@@ -90,7 +94,22 @@ void TFindBar::Appear() {
   show();
   mFind->setFocus();
   mFind->selectAll();
+  mOrigin = SelectionBegin();
   ShowCount();
+}
+
+void TFindBar::AppearToReplace() {
+  Appear();
+  if (!mFind->text().isEmpty()) mReplace->setFocus();
+  mReplace->selectAll();
+}
+
+int64_t TFindBar::SelectionBegin() const {
+  return mEdit.SendScintilla(S::SCI_GETSELECTIONSTART);
+}
+
+int64_t TFindBar::SelectionEnd() const {
+  return mEdit.SendScintilla(S::SCI_GETSELECTIONEND);
 }
 
 std::vector<TFound> TFindBar::All() const {
@@ -101,11 +120,10 @@ std::vector<TFound> TFindBar::All() const {
 
 bool TFindBar::Find(bool forward) {
   const std::vector<TFound> all = All();
-  mCountTimer.stop();
-  ShowNumber(all.size());
+  ShowFound(all);
   if (all.empty()) return false;
-  const long begin = mEdit.SendScintilla(S::SCI_GETSELECTIONSTART);
-  const long end = mEdit.SendScintilla(S::SCI_GETSELECTIONEND);
+  const int64_t begin = SelectionBegin();
+  const int64_t end = SelectionEnd();
   const TFound* next = forward ? &all.front() : &all.back();
   for (const TFound& found : all) {
     // An empty occurrence at the cursor is where the search comes from.
@@ -117,9 +135,23 @@ bool TFindBar::Find(bool forward) {
     }
     if (!forward && behind) next = &found;
   }
-  mEdit.SendScintilla(S::SCI_SETSEL, place(next->begin), static_cast<long>(next->end));
-  mEdit.SendScintilla(S::SCI_VERTICALCENTRECARET);
+  mOrigin = next->begin;
+  Select(*next);
   return true;
+}
+
+void TFindBar::FindTyped() {
+  const std::vector<TFound> all = All();
+  const auto ahead = std::find_if(all.begin(), all.end(),
+                                  [this](const TFound& found) { return found.begin >= mOrigin; });
+  if (ahead != all.end()) return Select(*ahead);
+  // From the top again; without any, back to where it began.
+  Select(all.empty() ? TFound{mOrigin, mOrigin, {}} : all.front());
+}
+
+void TFindBar::Select(const TFound& found) {
+  mEdit.SendScintilla(S::SCI_SETSEL, place(found.begin), static_cast<long>(found.end));
+  mEdit.SendScintilla(S::SCI_VERTICALCENTRECARET);
 }
 
 void TFindBar::Replace(int64_t begin, int64_t end, const std::string& with) {
@@ -128,13 +160,13 @@ void TFindBar::Replace(int64_t begin, int64_t end, const std::string& with) {
 }
 
 void TFindBar::ReplaceOne() {
-  const long begin = mEdit.SendScintilla(S::SCI_GETSELECTIONSTART);
-  const long end = mEdit.SendScintilla(S::SCI_GETSELECTIONEND);
+  const int64_t begin = SelectionBegin();
+  const int64_t end = SelectionEnd();
   for (const TFound& found : All()) {
     if (found.begin != begin || found.end != end || begin == end) continue;
     Replace(begin, end, found.with);
-    const auto behind = begin + static_cast<long>(found.with.size());
-    mEdit.SendScintilla(S::SCI_SETSEL, place(behind), behind);
+    const auto behind = begin + static_cast<int64_t>(found.with.size());
+    mEdit.SendScintilla(S::SCI_SETSEL, place(behind), static_cast<long>(behind));
     break;
   }
   FindNext();
@@ -156,14 +188,17 @@ int TFindBar::Count() const {
   return static_cast<int>(All().size());
 }
 
-void TFindBar::ShowNumber(size_t number) {
+void TFindBar::ShowFound(const std::vector<TFound>& all) {
+  mCountTimer.stop();
   mCount->setText(QString::fromStdString(replace_placeholder(
-      mContext.catalogue->GetString("Found: %Num%"), "%Num%", std::to_string(number))));
+      mContext.catalogue->GetString("Found: %Num%"), "%Num%", std::to_string(all.size()))));
+  if (isVisible()) mMarks.Show(all);
 }
 
-void TFindBar::ShowCount() {
-  mCountTimer.stop();
-  ShowNumber(static_cast<size_t>(Count()));
+void TFindBar::hideEvent(QHideEvent* event) {
+  // Not when the whole window is put away.
+  if (!event->spontaneous()) mMarks.Clear();
+  QWidget::hideEvent(event);
 }
 
 void TFindBar::keyPressEvent(QKeyEvent* event) {

@@ -37,6 +37,7 @@ THoverHelp::THoverHelp(TEditTxtView& edit, const TListWatch& watch, const TDefin
                        const TEngineContext& context)
     : mEdit(edit), mWatch(watch), mJump(jump), mContext(context) {
   mEdit.viewport()->installEventFilter(this);
+  mEdit.installEventFilter(this);
 }
 
 QString THoverHelp::TargetText(const TPlaceName& target) const {
@@ -50,12 +51,16 @@ QString THoverHelp::TextAt(const TListPlace& place) const {
   const TKeywordHelp* const help =
       find_keyword_help(keyword_at(mWatch.Line(place.line), static_cast<size_t>(place.column)));
   if (help == nullptr) return {};
+  const TLanguage language = mContext.catalogue->Language();
+  const std::string syntax = help->Syntax(language);
   QString text;
-  for (std::string_view form : syntax_forms(help->syntax)) text += tip_line(form, true);
-  return text + tip_line(first_sentence(help->Text(mContext.catalogue->Language())));
+  for (std::string_view form : syntax_forms(syntax)) text += tip_line(form, true);
+  return text + tip_line(first_sentence(help->Text(language)));
 }
 
 bool THoverHelp::eventFilter(QObject* object, QEvent* event) {
+  // Who types wants to see the text, wherever the pointer has been left.
+  if (event->type() == QEvent::KeyPress) QToolTip::hideText();
   if (event->type() != QEvent::ToolTip) return QObject::eventFilter(object, event);
   const auto& hover = static_cast<const QHelpEvent&>(*event);
   const long position =

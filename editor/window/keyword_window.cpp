@@ -82,11 +82,13 @@ void TKeywordWindow::ShowWord() {
       item != nullptr ? find_keyword_help(item->text().toStdString()) : nullptr;
   if (help == nullptr) return mPage->clear();
   QString page = "<h3>" + text_of(help->word).toHtmlEscaped() + "</h3>";
-  for (std::string_view form : syntax_forms(help->syntax)) {
+  const TLanguage language = mContext.catalogue->Language();
+  const std::string syntax = help->Syntax(language);
+  for (std::string_view form : syntax_forms(syntax)) {
     page += "<p style='margin-top:2px;margin-bottom:2px'><code>" +
             text_of(std::string(form)).toHtmlEscaped() + "</code></p>";
   }
-  page += "<p>" + text_of(help->Text(mContext.catalogue->Language())).toHtmlEscaped() + "</p>";
+  page += "<p>" + text_of(help->Text(language)).toHtmlEscaped() + "</p>";
   mPage->setHtml(page);
 }
 

@@ -8,6 +8,7 @@
 
 #include "app/settings/prefs.h"
 #include "common/window/menu_label.h"
+#include "common/window/panel_columns.h"
 #include "common/window/panel_completer.h"
 #include "editor/list_requests.h"
 
@@ -44,6 +45,7 @@ TZokaOpenPanel::TZokaOpenPanel(QWidget* parent, const TEngineContext& context)
   setFileMode(ExistingFile);
   resize(PANEL_SIZE);
   new TPanelCompleter(this);
+  new TPanelColumns(this);
   for (const char* encoding : ENCODINGS) mEncoding->addItem(encoding);
   // Encodings are known by their places, and the separator takes one.
   mEncoding->insertSeparator(ENCODING_SEPARATOR);
@@ -98,6 +100,7 @@ TZokaSavePanel::TZokaSavePanel(QWidget* parent, const TEngineContext& context)
   setFileMode(AnyFile);
   resize(PANEL_SIZE);
   new TPanelCompleter(this);
+  new TPanelColumns(this);
   // With the extension there before the question whether to replace a file, it asks for the right
   // one.
   setDefaultSuffix(LIST_EXT);

@@ -59,6 +59,7 @@ TZokaBasicView::TZokaBasicView(TBasicWindow& window, TEngineContext& context,
   setFocusProxy(mEdit);
   mEdit->SetCalls({[this] { mDocument.SetModified(true); },
                    [this](const QMimeData& files) { SimpleData(files); }});
+  connect(mEdit, &QsciScintilla::textChanged, this, [this] { ForgetNews(); });
   std::string folder;
   if (get_settings_entry(place, SETTINGS_FOLDER, "", true, &folder) == 0) {
     mDocument.SetRescueFolder(folder);
@@ -194,6 +195,16 @@ void TZokaBasicView::Kill() {
   mDocument.Kill();
 }
 
+void TZokaBasicView::SayOfList(const std::string& text) {
+  SetStatBarStr(text);
+  mListNews = StatBarStr();
+}
+
+void TZokaBasicView::ForgetNews() {
+  if (!mListNews.empty() && StatBarStr() == mListNews) SetStatBarStr("");
+  mListNews.clear();
+}
+
 void TZokaBasicView::SimpleData(const QMimeData& files) {
   for (const QUrl& url : files.urls()) {
     if (!url.isLocalFile()) continue;
@@ -214,6 +225,10 @@ void TZokaBasicView::SetStatBarStr(const std::string& text) {
 void TZokaBasicView::SaveFailed(const std::string& path) {
   SetStatBarStr(replace_placeholder(GetString("Cannot save \"%FileName%\"."), "%FileName%",
                                     extract_file_name(path)));
+}
+
+void TZokaBasicView::SampleOpened() {
+  SayOfList(GetString("@Hint_Run_Sample@"));
 }
 
 void TZokaBasicView::SetWinTitle() {
@@ -277,7 +292,7 @@ void TZokaBasicView::ShowFaultLine(const TException& fault) {
         std::string_view(source.Text()).substr(0, static_cast<size_t>(fault.beginPos));
     line = static_cast<int32_t>(std::count(before.begin(), before.end(), '\n'));
   }
-  SetStatBarStr(one_line(exception_text(fault, *mContext.catalogue)));
+  SayOfList(one_line(exception_text(fault, *mContext.catalogue)));
   if (line >= 0) mEdit->MarkFault(source.EditorLine(line));
 }
 

@@ -75,8 +75,12 @@ class TZokaBasicView final : public TBasicView, private TDocumentHost, private T
   void PostToWindow(const TMessage& message) override { mWindow.PostMessage(message); }
   void GoToOffset(size_t offset) override { mEdit->GoToOffset(offset); }
   void SaveFailed(const std::string& path) override;
+  void SampleOpened() override;
 
   std::string GetString(const char* key) const { return mContext.catalogue->GetString(key); }
+  /// Says what is true of the list only as long as nobody changes it.
+  void SayOfList(const std::string& text);
+  void ForgetNews();
   void SimpleData(const QMimeData& files);
   void RunEnded(int64_t runNumber, const TMessage* request);
   void ShowFaultLine(const TException& fault);
@@ -93,6 +97,7 @@ class TZokaBasicView final : public TBasicView, private TDocumentHost, private T
   TEditTxtView* mEdit;
   TFindBar* mFindBar;
   QLabel* mStatBar;
+  std::string mListNews;  // what the status line says of the present text; empty if nothing
   TAutoSaveSlot mSlot;
   bool mKeepsUnsaved = false;
   TListDocument mDocument;

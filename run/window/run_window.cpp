@@ -7,6 +7,7 @@
 #include "app/settings/exit_states.h"
 #include "app/settings/prefs.h"
 #include "common/file_path.h"
+#include "common/window/panel_columns.h"
 #include "common/window/panel_completer.h"
 
 namespace zoka {
@@ -129,9 +130,14 @@ void TRunWindow::MItemSpecifyDrvFolderClicked(const TMessage& message) {
     mSpecifyPanel = new QFileDialog(this);
     mSpecifyPanel->setOption(QFileDialog::DontUseNativeDialog);
     new TPanelCompleter(mSpecifyPanel);
+    new TPanelColumns(mSpecifyPanel);
     mSpecifyPanel->setFileMode(QFileDialog::Directory);
     mSpecifyPanel->setOption(QFileDialog::ShowDirsOnly);
-    mSpecifyPanel->setDirectory(QString::fromStdString(Engine().exitStates->RWPF));
+    // Without one it begins where the user was last, and not above all folders.
+    const std::string& stored = Engine().exitStates->RWPF;
+    if (!stored.empty()) {
+      mSpecifyPanel->setDirectory(QFile::decodeName(QByteArray::fromStdString(stored)));
+    }
     connect(mSpecifyPanel, &QFileDialog::fileSelected, this, [this](const QString& path) {
       mRunView.SetDriveFolder(mSpecifyDrive, QFile::encodeName(path).toStdString());
     });

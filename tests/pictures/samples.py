@@ -176,7 +176,7 @@ def aquarium(m):
     shapes = [fish(m, body, fins) for _, _, _, body, fins in swimmers]
     _water(m)
     for (x, y, speed, _, _), (picture, mask) in zip(swimmers, shapes):
-        for _ in range(40):
+        for _ in range(1980):
             x = x + speed if x + speed <= 640 else -72
         m.put(x, y, mask, AND)
         m.put(x, y, picture, OR)

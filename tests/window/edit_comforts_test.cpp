@@ -380,9 +380,9 @@ TEST_F(TComfortsTest, ControlAndAClickGoToTheDefinition) {
 
 TEST_F(TComfortsTest, EveryComfortHasAMenuItemWithItsKey) {
   const std::pair<const char*, QKeySequence> items[] = {
-      {"Complete Word", Qt::CTRL | Qt::Key_Space},
-      {"Go to Definition", Qt::Key_F12},
-      {"Go Back", Qt::ALT | Qt::Key_Left},
+      {"Complete Word(&W)", Qt::CTRL | Qt::Key_Space},
+      {"Go to Definition(&D)", Qt::Key_F12},
+      {"Go Back(&B)", Qt::ALT | Qt::Key_Left},
       {"Words of the Language", Qt::Key_F1},
   };
   for (const auto& [text, key] : items) {

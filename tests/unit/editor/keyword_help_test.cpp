@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <set>
 
+#include "common/text/ascii.h"
+
 namespace zoka {
 namespace {
 
@@ -54,6 +56,37 @@ TEST(KeywordHelp, NoEntryIsForAWordThatIsNone) {
     EXPECT_TRUE(table_words().contains(help.word)) << help.word;
   }
   EXPECT_EQ(keyword_help_entries().size(), table_words().size()) << "a word has one entry";
+}
+
+TEST(KeywordHelp, NamesInSyntaxesAreTranslated) {
+  EXPECT_EQ(find_keyword_help("LEFT$")->Syntax(TLanguage::English), "LEFT$(text$,length)");
+  EXPECT_EQ(find_keyword_help("LEFT$")->Syntax(TLanguage::Japanese), "LEFT$(文字列,長さ)");
+  EXPECT_EQ(find_keyword_help("WRITE#")->Syntax(TLanguage::Japanese), "WRITE #番号,値...");
+  // What stays are coordinates and the like, and the n of PLAY(n).
+  const std::set<std::string> kept{"a", "b",  "c",  "d",  "n",  "x",
+                                   "y", "x1", "x2", "y1", "y2", "FNname"};
+  for (const TKeywordHelp& help : keyword_help_entries()) {
+    const std::string syntax = help.Syntax(TLanguage::Japanese);
+    std::string word;
+    for (const char c : syntax + " ") {
+      const bool isLetter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+      if (isLetter || (c >= '0' && c <= '9')) {
+        word += c;
+        continue;
+      }
+      const bool isLatin = word == to_upper(word);
+      EXPECT_TRUE(isLatin || kept.contains(word)) << syntax << ": " << word;
+      word.clear();
+    }
+  }
+}
+
+TEST(KeywordHelp, ReadsNamesOfSyntaxes) {
+  const auto terms = parse_syntax_terms("// note\n=a b\tアイ\nA\n\tA x\n=a\tア\n=\tx\n=y\n=#a\tウ");
+  ASSERT_EQ(terms.size(), 3u);
+  EXPECT_EQ(japanese_syntax("A a,a b,#a,ab,a$,[a]", terms), "A ア,アイ,ウ,ab,a$,[ア]");
+  EXPECT_EQ(japanese_syntax("a", {}), "a");
+  EXPECT_EQ(japanese_syntax("", terms), "");
 }
 
 TEST(KeywordHelp, FindsWordsInAnyCase) {

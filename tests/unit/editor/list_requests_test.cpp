@@ -44,6 +44,7 @@ class TRequestLog final : public TListRequestHost, public TDocumentHost {
   void PostToWindow(const TMessage& message) override { window.PostMessage(message); }
   void GoToOffset(size_t offset) override { offsets.push_back(offset); }
   void SaveFailed(const std::string& path) override { failedSaves.push_back(path); }
+  void SampleOpened() override { ++samples; }
   void SetWinTitle() override { ++titles; }
   void AddHistory(const std::string& path) override { history.push_back(path); }
 
@@ -52,6 +53,7 @@ class TRequestLog final : public TListRequestHost, public TDocumentHost {
   std::vector<size_t> offsets;
   TRows failedSaves, history;
   int titles = 0;
+  int samples = 0;
 };
 
 class ListRequests : public ::testing::Test {
@@ -513,11 +515,13 @@ TEST_F(ListRequests, SamplesOpenAsUnnamedCopies) {
   EXPECT_EQ(text.Get(), "10 PRINT 1\n");
   EXPECT_EQ(document.CurERefName(), "(New List)");
   EXPECT_FALSE(document.IsModified());
+  EXPECT_EQ(host.samples, 1);
   TMessage missing("_smp");
   missing.AddRef("refs", TPathRef{folder.Path("none.bas")});
   requests.MessageReceived(missing);
   EXPECT_EQ(answers.asked.size(), 1u);
   EXPECT_EQ(text.Get(), "10 PRINT 1\n");
+  EXPECT_EQ(host.samples, 1);
 }
 
 TEST_F(ListRequests, OtherMessagesAreNotItsOwn) {
