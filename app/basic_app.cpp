@@ -30,6 +30,8 @@ TBasicApp::TBasicApp(TAppEngine& engine, TSplashWindow* splash)
   TBasicListMime(engine.Desktop()).InstallBasicListMime();
   CreateWindows();
   ConnectDebugger();
+  mEngine.Alerts().SetShown(
+      [this](const TThread* waiter) { mMainWindow->View().AlertShown(waiter); });
   SetSplashStr("Adjusting sub windows");
   CreateDialogs();
 }
@@ -222,6 +224,11 @@ bool TBasicApp::eventFilter(QObject* object, QEvent* event) {
 }
 
 bool TBasicApp::QuitRequested() {
+  if (mMainWindow->Queue().IsStanding()) {
+    // It stands in an alert, and cannot be asked before that has been answered.
+    mMainWindow->PostMessage(TMessage("_QRQ"));
+    return false;
+  }
   if (!mMainWindow->AskQuit()) return false;
   Quit();
   QApplication::quit();
@@ -243,6 +250,7 @@ void TBasicApp::EndAtExit() {
 void TBasicApp::Quit() {
   if (!mMainWindow) return;
   mEngine.Context().privacy.quitting.store(true);
+  mEngine.Alerts().SetShown({});
   mPreferences->CloseWindows();
   mRunWindow->RunView()->CancelCompile();
   mRunWindow->RunView()->QuitBasic();

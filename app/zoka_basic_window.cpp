@@ -75,6 +75,7 @@ TZokaBasicWindow::~TZokaBasicWindow() {
 }
 
 bool TZokaBasicWindow::OpenFile(const std::string& path) {
+  const THeldQueue held(Queue());
   TMessage message("_RRC");
   message.AddRef("refs", TPathRef{path});
   return mView->Requests().RefsReceived(message);
@@ -86,6 +87,7 @@ void TZokaBasicWindow::SetWinTitle() {
 }
 
 bool TZokaBasicWindow::AskQuit() {
+  const THeldQueue held(Queue());
   return mView->Requests().AskSave(TMessage("_QRQ"), WindowContext().app);
 }
 
@@ -119,6 +121,9 @@ void TZokaBasicWindow::MessageReceived(const TMessage& message) {
     case message_code("usdb"):
       Engine().exitStates->UDbg.store(!Engine().exitStates->UDbg.load());
       return UpdateItems();
+    case message_code("_QRQ"):
+      QuitRequested();
+      return;
     case message_code("pdec"):
       if (mOpenPanel) mOpenPanel->SetDefaultEncoding();
       return;

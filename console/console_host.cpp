@@ -49,6 +49,7 @@ void TConsoleHost::FlushLocked() {
 }
 
 void TConsoleHost::RunEnded(int64_t, int32_t, const TMessage* request) {
+  if (request != nullptr && mOnRequest) mOnRequest();
   std::lock_guard lock(mMutex);
   mHasRequest = request != nullptr;
   if (request != nullptr) mRequest = *request;

@@ -25,6 +25,8 @@ class TConsoleHost final : public TRunHost, public TAlertHost {
 
   /// What to do when standard output cannot be written any more; any thread.
   void SetOnFailure(std::function<void()> onFailure) { mOnFailure = std::move(onFailure); }
+  /// What to do, on the machine's thread, at the end of a run that asks for another.
+  void SetOnRequest(std::function<void()> onRequest) { mOnRequest = std::move(onRequest); }
   /// The screen is shown live: rows are not written, and alerts are held back until it is not.
   void SetLive(bool live);
   void SetWantsPicture(bool wants) { mWantsPicture = wants; }
@@ -51,6 +53,7 @@ class TConsoleHost final : public TRunHost, public TAlertHost {
   std::atomic<bool> mReaderGone{false};
   bool mWantsPicture = false;
   std::function<void()> mOnFailure;
+  std::function<void()> mOnRequest;
 };
 
 /// Writes all bytes to a file descriptor; false with errno set if it cannot.

@@ -3,12 +3,15 @@
 
 #include <cstdlib>
 #include <memory>
+#include <utility>
 
+#include "common/thread.h"
 #include "console/commands.h"
 #include "console/engine.h"
 #include "console/stdin_keys.h"
 #include "console/terminal.h"
 #include "console/watch.h"
+#include "run/engine_priority.h"
 #include "run/key_feeder.h"
 #include "run/screen/png_file.h"
 #include "sound/play_outputs.h"
@@ -20,6 +23,26 @@ namespace {
 bool is_live(const TOptions& options) {
   return TTerminal::IsThere() && options.file != "-";
 }
+
+/// What a program waits for the next one that it has asked for; microseconds.
+constexpr bigtime_t NEXT_RUN_DELAY = 20'000;
+
+/// Keeps simulated time standing still, from its Resume to its destruction.
+class TStandstill final : public TThread {
+ public:
+  explicit TStandstill(TClock& clock)
+      : TThread("Standstill", MACHINE_PRIORITY, clock, TActorClass::Machine) {}
+  ~TStandstill() override {
+    Terminate();
+    Wait(nullptr);
+  }
+
+ protected:
+  int32_t Execute() override {
+    Clock().RealWait(mWake);
+    return 0;
+  }
+};
 
 /// Everything of one `zoka run`, from set-up to exit status.
 class TRunCommand {
@@ -33,6 +56,7 @@ class TRunCommand {
         mWatch(
             options.timeoutSeconds, [this] { mEngine.View().ForceStop(); }, TTerminal::Restore) {
     mHost.SetOnFailure([this] { mEngine.View().ForceStop(); });
+    mHost.SetOnRequest([this] { AwaitNextRun(); });
   }
 
   int Run() {
@@ -93,6 +117,18 @@ class TRunCommand {
     return true;
   }
 
+  /// On the machine's thread, whose program has ended and asked for another.
+  void AwaitNextRun() {
+    mHost.FlushOutput();
+    TClock& clock = *mEngine.Context().clock;
+    TWake wake(clock);
+    clock.snooze(NEXT_RUN_DELAY, wake);
+    if (!clock.IsSimulated()) return;
+    // No time passes while no machine is there to take part in it.
+    mStandstill = std::make_unique<TStandstill>(clock);
+    mStandstill->Resume();
+  }
+
   int RunPrograms() {
     TMessage request("run");
     add_run_start(mOptions.start, &request);
@@ -104,8 +140,11 @@ class TRunCommand {
       // A stop that came before there was a machine is made up for.
       if (mWatch.Status() != 0) mEngine.View().ForceStop();
       int32_t status = mEngine.View().WaitForEnd();
+      const std::unique_ptr<TStandstill> standstill = std::move(mStandstill);
       TMessage next;
       if (mWatch.Status() != 0 || mHost.OutputFailed() || !mHost.TakeRequest(&next)) return status;
+      // A break that came too late for the one program is for the next.
+      if (mEngine.View().VMachine()->IsTerminated()) return EXIT_STOPPED;
       outcome = mEngine.Document().VMachineRunRqtd(next);
     }
   }
@@ -140,6 +179,7 @@ class TRunCommand {
   TWatch mWatch;
   std::unique_ptr<TStdinKeys> mStdinKeys;
   std::unique_ptr<TTerminal> mTerminal;
+  std::unique_ptr<TStandstill> mStandstill;  // of the machine's thread until that has ended
   int mUnwritten = EXIT_OK;
 };
 

@@ -14,22 +14,6 @@
 namespace zoka {
 namespace {
 
-/// Holds the messages of a window back while it stands in an alert.
-class THeldQueue {
- public:
-  explicit THeldQueue(QWidget* window) : mWindow(dynamic_cast<TBasicWindow*>(window)) {
-    if (mWindow != nullptr) mWindow->Queue().Hold();
-  }
-  ~THeldQueue() {
-    if (mWindow != nullptr) mWindow->Queue().Release();
-  }
-  THeldQueue(const THeldQueue&) = delete;
-  THeldQueue& operator=(const THeldQueue&) = delete;
-
- private:
-  TBasicWindow* mWindow;
-};
-
 /// The window of the system's that `widget` is, or belongs to; null if there is none.
 TBasicWindow* basic_window_of(QWidget* widget) {
   while (widget != nullptr && dynamic_cast<TBasicWindow*>(widget) == nullptr) {
@@ -87,6 +71,11 @@ QMessageBox* TAlertDialogs::MakeBox(const TAlert& alert) {
     if (i + 1 == alert.buttons.size()) box->setDefaultButton(button);
   }
   box->setWindowModality(Qt::ApplicationModal);
+  mOpen.push_back(box);
+  // Answered, or gone with the window that it belongs to.
+  const auto forget = [this, box] { std::erase(mOpen, box); };
+  QObject::connect(box, &QMessageBox::finished, &mContext, forget);
+  QObject::connect(box, &QObject::destroyed, &mContext, forget);
   return box;
 }
 
@@ -118,12 +107,12 @@ int TAlertDialogs::ShowAlert(const TAlert& alert, TThread* waiter) {
 }
 
 int TAlertDialogs::ShowModal(const TAlert& alert) {
-  const std::unique_ptr<QMessageBox> box(MakeBox(alert));
-  const THeldQueue held(box->parentWidget() ? box->parentWidget()->window() : nullptr);
-  QMessageBox* const outer = std::exchange(mOpen, box.get());
+  const QPointer<QMessageBox> box(MakeBox(alert));
   box->exec();
-  mOpen = outer;
-  return pressed_button(*box);
+  if (box == nullptr) return -1;
+  const int answer = pressed_button(*box);
+  delete box;
+  return answer;
 }
 
 void TAlertDialogs::Open(const TAlert& alert, const std::shared_ptr<TTicket>& ticket) {
@@ -133,10 +122,8 @@ void TAlertDialogs::Open(const TAlert& alert, const std::shared_ptr<TTicket>& ti
   }
   QMessageBox* const box = MakeBox(alert);
   ticket->box = box;
-  mOpen = box;
-  QObject::connect(box, &QMessageBox::finished, &mContext, [this, box, ticket] {
+  QObject::connect(box, &QMessageBox::finished, &mContext, [box, ticket] {
     ticket->box = nullptr;
-    if (mOpen == box) mOpen = nullptr;
     box->deleteLater();
     TThread* waiter = nullptr;
     {
@@ -150,6 +137,7 @@ void TAlertDialogs::Open(const TAlert& alert, const std::shared_ptr<TTicket>& ti
     if (waiter != nullptr) waiter->Wake().Signal();
   });
   box->show();
+  if (mShown) mShown(ticket->waiter);
 }
 
 }  // namespace zoka

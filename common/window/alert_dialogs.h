@@ -4,7 +4,10 @@
 #include <QMessageBox>
 #include <QObject>
 #include <QPointer>
+#include <functional>
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include "common/alert.h"
 #include "common/thread.h"
@@ -13,8 +16,9 @@ namespace zoka {
 
 /// Alerts of a machine are shown on the window thread while the machine waits; the wait ends with
 /// the answer or when the machine is told to end, which takes the dialog down. An alert of the
-/// window thread itself re-enters the event loop, with the messages of its window held back. One of
-/// any other thread is shown and answered by nobody.
+/// window thread itself re-enters the event loop; the queue whose message has raised it waits with
+/// it, other queues go on (see TMessageQueue). One of any other thread is shown and answered by
+/// nobody.
 class TAlertDialogs final : public TAlertHost {
  public:
   /// The application object is there already.
@@ -23,8 +27,11 @@ class TAlertDialogs final : public TAlertHost {
   /// Any thread.
   int ShowAlert(const TAlert& alert, TThread* waiter) override;
 
-  /// The dialog that is open, or null. Window thread.
-  QMessageBox* OpenDialog() const { return mOpen; }
+  /// The dialog that is open, the last one of several, or null. Window thread.
+  QMessageBox* OpenDialog() const { return mOpen.empty() ? nullptr : mOpen.back(); }
+  /// `shown` hears of each dialog that has come up for another thread, with the machine that waits
+  /// for its answer, or null if none does. Window thread; empty for nobody.
+  void SetShown(std::function<void(const TThread* waiter)> shown) { mShown = std::move(shown); }
 
  private:
   struct TTicket;
@@ -35,7 +42,8 @@ class TAlertDialogs final : public TAlertHost {
   /// The window that an alert belongs to: the one that the user is in, or was in last.
   QWidget* Parent() const;
 
-  QPointer<QMessageBox> mOpen;
+  std::vector<QMessageBox*> mOpen;  // in the order of their coming; window thread
+  std::function<void(const TThread*)> mShown;
   QPointer<QWidget> mLastActive;
   QObject mContext;  // calls posted to the window thread end with it
 };

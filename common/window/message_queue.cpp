@@ -42,8 +42,12 @@ void TMessageQueue::HandleAll() {
     std::lock_guard lock(mMutex);
     mScheduled = false;
   }
+  // A message further out stands in an alert; its call takes what has come meanwhile.
+  if (mHandling) return;
+  mHandling = true;
   TMessage message;
   while (Take(&message)) mHandle(message);
+  mHandling = false;
 }
 
 }  // namespace zoka

@@ -1,12 +1,13 @@
 // TEditComforts: wires what helps with typing and reading a list to its editor: completion, marks
-// of jumps that lead nowhere, hover, help on words, and the way to definitions. Each is a class of
-// its own; the engine's part lies in editor/.
+// of jumps that lead nowhere and of brackets, hover, help on words, and the way to definitions.
+// Each is a class of its own; the engine's part lies in editor/.
 #pragma once
 
 #include <functional>
 #include <string>
 
 #include "common/context.h"
+#include "editor/window/bracket_marks.h"
 #include "editor/window/completion_popup.h"
 #include "editor/window/definition_jump.h"
 #include "editor/window/hover_help.h"
@@ -47,6 +48,7 @@ class TEditComforts final {
   TShowStatus mShowStatus;
   TListWatch mWatch;
   TJumpMarks mMarks;
+  TBracketMarks mBrackets;
   TDefinitionJump mJump;
   THoverHelp mHover;
   // Of the editor, which deletes them.

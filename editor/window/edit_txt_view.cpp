@@ -116,7 +116,6 @@ TEditTxtView::TEditTxtView(QWidget* parent) : QsciScintilla(parent), mLexer(new 
   setScrollWidth(1);
   setScrollWidthTracking(true);
   setCaretLineVisible(true);
-  setBraceMatching(SloppyBraceMatch);
   setTabWidth(8);
   setIndentationsUseTabs(true);
   setLexer(mLexer);

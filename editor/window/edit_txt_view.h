@@ -11,6 +11,7 @@
 #include "app/settings/prefs.h"
 #include "editor/list_document.h"
 #include "editor/window/break_marks.h"
+#include "editor/window/edit_readers.h"
 #include "editor/window/list_lexer.h"
 
 namespace zoka {
@@ -54,6 +55,7 @@ class TEditTxtView final : public QsciScintilla, public TEditText {
   int FaultLine() const;
   /// Breakpoints, and the line at which a program stands.
   TBreakMarks& BreakMarks() { return *mBreakMarks; }
+  const TEditReaders& Readers() const { return mReaders; }
   /// Deletes the selection.
   void ClearSelection();
 
@@ -74,6 +76,7 @@ class TEditTxtView final : public QsciScintilla, public TEditText {
   /// As many digits as the last line has, in the present size of the font.
   void FitNumberMargin();
 
+  TEditReaders mReaders{*this};
   TEditCalls mCalls;
   TListLexer* mLexer;
   TBreakMarks* mBreakMarks = nullptr;

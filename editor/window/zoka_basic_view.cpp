@@ -6,6 +6,7 @@
 #include <QUrl>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "app/settings/prefs.h"
 #include "app/settings/show_alert.h"
@@ -19,6 +20,8 @@ namespace {
 
 /// Between a program's end and the run that it asked for.
 constexpr int NEXT_RUN_MS = 20;
+/// Of the view to itself, when that time is over.
+constexpr const char NEXT_RUN_CODE[] = "nxtr";
 constexpr int MS_PER_MINUTE = 60'000;
 constexpr int32_t YES_OF_TWO = 1;
 
@@ -68,10 +71,13 @@ TZokaBasicView::TZokaBasicView(TBasicWindow& window, TEngineContext& context,
   mJournalTimer.setSingleShot(true);
   mJournalTimer.setInterval(JOURNAL_INTERVAL_MS);
   connect(&mJournalTimer, &QTimer::timeout, this, [this] { WriteJournal(); });
-  connect(&mAutoSaveTimer, &QTimer::timeout, this, [this] { MessageReceived(TMessage("asvr")); });
+  // Messages, so that they wait for the answer while the window stands in an alert.
+  connect(&mAutoSaveTimer, &QTimer::timeout, this,
+          [this] { mWindow.PostMessage(TMessage("asvr")); });
   mNextRun.setSingleShot(true);
   mNextRun.setInterval(NEXT_RUN_MS);
-  connect(&mNextRun, &QTimer::timeout, this, [this] { mRequests.MessageReceived(mNextRequest); });
+  connect(&mNextRun, &QTimer::timeout, this,
+          [this] { mWindow.PostMessage(TMessage(NEXT_RUN_CODE)); });
   mRunWindow.Host().SetRunEnded(
       [this](int64_t run, int32_t, const TMessage* request) { RunEnded(run, request); });
   PrefFontChanged();
@@ -115,6 +121,7 @@ void TZokaBasicView::CheckAndLoadAutoSave() {
 }
 
 void TZokaBasicView::AskRestore() {
+  const THeldQueue held(mWindow.Queue());
   const std::string text =
       replace_placeholder(GetString("@Ask_Auto_Open %AppName%@"), "%AppName%", APP_NAME) + "\n\n" +
       GetString("@Warning_Invalid_Auto_Save@");
@@ -175,6 +182,9 @@ bool TZokaBasicView::MessageReceived(const TMessage& message) {
     case message_code("asvr"):
       AutoSaveRqtd();
       return true;
+    case message_code(NEXT_RUN_CODE):
+      RunNext();
+      return true;
     case message_code("parc"):
       SetAutoSaveRegular();
       PrefChanged();
@@ -184,14 +194,24 @@ bool TZokaBasicView::MessageReceived(const TMessage& message) {
   }
   // A run that begins now takes the place of the one that a program has asked for.
   if (message.what == message_code("run") || message.what == message_code("rnlr")) {
-    mNextRun.stop();
+    ForgetNextRun();
     mEdit->MarkFault(-1);
   }
   return mRequests.MessageReceived(message);
 }
 
-void TZokaBasicView::Kill() {
+void TZokaBasicView::ForgetNextRun() {
   mNextRun.stop();
+  mNextRequest.reset();
+}
+
+void TZokaBasicView::RunNext() {
+  // None is left where the user has run or killed something meanwhile.
+  if (mNextRequest) mRequests.MessageReceived(*std::exchange(mNextRequest, std::nullopt));
+}
+
+void TZokaBasicView::Kill() {
+  ForgetNextRun();
   mDocument.Kill();
 }
 
@@ -280,8 +300,15 @@ void TZokaBasicView::RunEnded(int64_t runNumber, const TMessage* request) {
   }
   if (request == nullptr) return;
   mNextRequest = *request;
-  mNextRequest.what = message_code("vmrr");
+  mNextRequest->what = message_code("vmrr");
   mNextRun.start();
+}
+
+void TZokaBasicView::AlertShown(const TThread* waiter) {
+  const TVMachine* const machine = mRunWindow.RunView()->VMachine();
+  // It waits for the answer; until then its fault is ours to read.
+  if (machine == nullptr || machine != waiter || machine->Fault() == nullptr) return;
+  ShowFaultLine(*machine->Fault());
 }
 
 void TZokaBasicView::ShowFaultLine(const TException& fault) {
@@ -293,7 +320,10 @@ void TZokaBasicView::ShowFaultLine(const TException& fault) {
     line = static_cast<int32_t>(std::count(before.begin(), before.end(), '\n'));
   }
   SayOfList(one_line(exception_text(fault, *mContext.catalogue)));
-  if (line >= 0) mEdit->MarkFault(source.EditorLine(line));
+  if (line < 0) return;
+  // The user may have gone on editing, or have opened another list, while the program ran.
+  const int32_t now = mEdit->BreakMarks().Drift().Now(source.EditorLine(line));
+  if (now >= 0) mEdit->MarkFault(now);
 }
 
 void TZokaBasicView::PrefFontChanged() {

@@ -4,6 +4,7 @@
 
 #include <QLabel>
 #include <QTimer>
+#include <optional>
 
 #include "common/handler.h"
 #include "common/window/basic_view.h"
@@ -44,6 +45,8 @@ class TZokaBasicView final : public TBasicView, private TDocumentHost, private T
   /// The view is about to go without asking: what is unsaved is there at the next start, as behind
   /// an abnormal end.
   void KeepUnsaved();
+  /// The alert of an engine's thread has come up, and `waiter`, if not null, waits for its answer.
+  void AlertShown(const TThread* waiter);
   /// Starts or ends the regular auto-save as the preferences say.
   void SetAutoSaveRegular();
   void LanguageChanged();
@@ -83,6 +86,8 @@ class TZokaBasicView final : public TBasicView, private TDocumentHost, private T
   void ForgetNews();
   void SimpleData(const QMimeData& files);
   void RunEnded(int64_t runNumber, const TMessage* request);
+  void RunNext();
+  void ForgetNextRun();
   void ShowFaultLine(const TException& fault);
   void AskRestore();
   void WriteJournal();
@@ -107,8 +112,8 @@ class TZokaBasicView final : public TBasicView, private TDocumentHost, private T
   QTimer mJournalTimer;
   bool mIsKept = true;  // the last attempt to keep unsaved text succeeded
   QTimer mAutoSaveTimer;
-  QTimer mNextRun;  // a program's wish for another run, soon to be fulfilled
-  TMessage mNextRequest;
+  QTimer mNextRun;
+  std::optional<TMessage> mNextRequest;  // a program's wish for another run, soon to be fulfilled
 };
 
 }  // namespace zoka

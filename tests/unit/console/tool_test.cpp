@@ -111,6 +111,20 @@ TEST_F(Tool, SignalsEndARunAndCloseItsFiles) {
   }
 }
 
+TEST_F(Tool, ABreakBetweenTwoRunsIsNotLost) {
+  // Of each twenty milliseconds the program runs but a fraction of one.
+  TTool tool(RunOf("10 PRINT \"A\":RUN\n", {"--timeout", "20", "--type", "{WAIT 100}{BREAK}"}),
+             folder.Path());
+  EXPECT_EQ(tool.End(), 1);
+}
+
+TEST_F(Tool, OutputIsThereBeforeTheNextRun) {
+  TTool tool(RunOf("10 FOR I=1 TO 30:PRINT I:NEXT:RUN\n"), folder.Path());
+  tool.Await(" 5\n");
+  tool.Signal(SIGTERM);
+  EXPECT_EQ(tool.End(), 128 + SIGTERM);
+}
+
 TEST_F(Tool, SignalsEndASimulatedRun) {
   TTool tool(RunOf("10 FOR I=1 TO 30:PRINT I:NEXT\n20 INPUT A\n", SIMULATED), folder.Path());
   tool.Await(" 5\n");
