@@ -62,12 +62,12 @@ bool TBreakPoints::Find(int32_t line, std::string* condition) const {
 
 bool TBreakPoints::Passes(int32_t line) {
   const TLock lock(mLock);
-  if (mHasRunTo && mRunTo == line) return true;
   const auto rule = mRules.find(line);
   if (rule == mRules.end()) return true;
   TEntry& entry = rule->second;
   if (entry.passes < entry.rule.count) ++entry.passes;
-  return entry.passes >= entry.rule.count;
+  // A stop for another reason is a pass all the same.
+  return entry.passes >= entry.rule.count || (mHasRunTo && mRunTo == line);
 }
 
 }  // namespace zoka

@@ -314,7 +314,7 @@ void TDebugView::SrcCodeMenu(QPoint place) {
   }
   menu->addSeparator();
   add_debug_command(menu, mContext, debug_run_commands().back(), chosen)
-      ->setEnabled(mModel.RunMode() == TDebugRunMode::Breaked);
+      ->setEnabled(mModel.HasDebugger());
   menu->popup(place);
 }
 

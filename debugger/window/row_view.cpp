@@ -13,6 +13,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "common/window/fixed_font.h"
+
 namespace zoka {
 namespace {
 
@@ -50,7 +52,7 @@ TRowView::TRowView(QWidget* parent) : QAbstractScrollArea(parent) {
 }
 
 void TRowView::SetFontFamilyAndSize(const std::string& family, float points) {
-  QFont font(QString::fromStdString(family));
+  QFont font(present_fixed_family(family));
   font.setPointSizeF(static_cast<qreal>(points));
   setFont(font);
   mRowHeight = std::max(QFontMetrics(font).height(), 1);

@@ -166,9 +166,12 @@ void TVarView::EditValue() {
   if (!CanEdit()) return;
   const TVarRow shown = Row(CurrentRow());
   if (shown.isDummy) return;
+  // It may have been scrolled away.
+  SetCurrentRow(CurrentRow());
   QRect place = RowRect(CurrentRow());
-  place.setLeft(place.left() + TextX(CurrentRow()) +
-                fontMetrics().horizontalAdvance(QString::fromStdString(shown.label)));
+  const int valueX =
+      TextX(CurrentRow()) + fontMetrics().horizontalAdvance(QString::fromStdString(shown.label));
+  place.setLeft(std::max(place.left() + valueX, 0));
   place.setRight(std::max(viewport()->width() - 1, place.left() + MIN_EDITOR_WIDTH));
   mEditor = new QLineEdit(viewport());
   mEditor->setObjectName("EditValue");
@@ -176,8 +179,9 @@ void TVarView::EditValue() {
   mEditor->setFrame(false);
   mEditor->setFont(font());
   mEditor->setGeometry(place);
-  // Of a text that is shown in part the rest must not get lost unseen.
-  if (shown.value.size() < CUT_BYTES) mEditor->setText(QString::fromStdString(shown.value));
+  // Of a text that is shown in part, or cannot be, nothing must get lost unseen.
+  const QString value = QString::fromStdString(shown.value);
+  if (shown.value.size() < CUT_BYTES && value.toStdString() == shown.value) mEditor->setText(value);
   mTextBefore = mEditor->text();
   mEditor->selectAll();
   mEditor->installEventFilter(this);

@@ -53,13 +53,16 @@ int TDebugLink::LineOf(size_t item) const {
 }
 
 void TDebugLink::DebuggerReady() {
+  const std::optional<size_t> runTo = ItemOf(std::exchange(mRunTo, -1));
+  if (runTo) mModel.RunToCursor(mModel.SrcLine(*runTo).line);
+  // By the preference the first line has its mark already. Programs stop there at the start
+  // whatever the rule of the margin's mark says, which counts from then on.
+  const bool stopsAtStart = mModel.SrcLine(0).breakPoint;
   for (const TBreakMarks::TMark& mark : mMarks.All()) {
     const std::optional<size_t> item = ItemOf(mark.line);
-    // A line that has its mark already is the first one, at which programs are to stop in any case.
-    if (item && !mModel.SrcLine(*item).breakPoint) mModel.SetBreakRule(*item, mark.rule);
+    if (item) mModel.SetBreakRule(*item, mark.rule);
   }
-  const std::optional<size_t> runTo = ItemOf(std::exchange(mRunTo, -1));
-  if (runTo) mRunView.Debugger()->BreakPoints().SetRunTo(mModel.SrcLine(*runTo).line);
+  if (stopsAtStart) mModel.RunToCursor(mModel.SrcLine(0).line);
 }
 
 void TDebugLink::BreakPointChanged(size_t item) {
@@ -117,13 +120,12 @@ void TDebugLink::RunToCursor() {
   if (!mModel.HasDebugger()) {
     HintOption();
     if (!mContext.exitStates->UDbg.load()) return;
+    mCalls.run();
     mRunTo = CursorLine();
-    return mCalls.run();
+    return;
   }
   const std::optional<size_t> item = ItemOf(CursorLine());
-  if (!item) return;
-  const int32_t line = mModel.SrcLine(*item).line;
-  if (!mModel.RunToCursor(line)) mRunView.Debugger()->BreakPoints().SetRunTo(line);
+  if (item) mModel.RunToCursor(mModel.SrcLine(*item).line);
 }
 
 bool TDebugLink::MessageReceived(const TMessage& message) {
@@ -137,6 +139,11 @@ bool TDebugLink::MessageReceived(const TMessage& message) {
     case message_code(DEBUG_RUN_TO_CURSOR):
       RunToCursor();
       return true;
+    case message_code("run"):
+    case message_code("rnlr"):
+      // A run to the cursor that never began is not to stop this one.
+      mRunTo = -1;
+      return false;
     case message_code(DEBUG_RUN_OR_GO_ON):
       if (mModel.RunMode() != TDebugRunMode::Breaked) return false;
       return mView.MessageReceived(message);
