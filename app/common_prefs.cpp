@@ -153,7 +153,8 @@ void TCommonPrefs::SyncBoard() {
 
 void TCommonPrefs::ReloadFiles() {
   const std::vector<std::string> changed = mPrefs.Reload();
-  if (!changed.empty()) SyncBoard();
+  // Also what this application has written without the window.
+  SyncBoard();
   for (const std::string& item : changed) mPrefs.NotifyToObservers(ValueOf(item));
 }
 

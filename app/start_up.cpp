@@ -2,10 +2,11 @@
 #include "app/start_up.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QTimer>
 #include <clocale>
+#include <csignal>
 #include <cstdlib>
+#include <filesystem>
 
 #include "app/end_signals.h"
 #include "app/held_modifiers.h"
@@ -33,6 +34,15 @@ TSettingsPlace settings_place() {
   return place;
 }
 
+/// What the user names, byte for byte (the names of old disks need not be in the encoding of the
+/// locale), with the folder's own name in it, which becomes that of drive 1.
+std::string absolute_path(const std::filesystem::path& path) {
+  if (path.empty() || path.is_absolute()) return path.string();
+  std::error_code error;
+  const auto folder = std::filesystem::weakly_canonical("." / path.parent_path(), error);
+  return error ? path.string() : (folder / path.filename()).string();
+}
+
 void name_application() {
   QApplication::setApplicationName(APP_NAME);
   QApplication::setApplicationVersion(APP_VERSION);
@@ -46,15 +56,15 @@ void name_application() {
 
 int run_application(int argc, char** argv, const std::function<void(TBasicApp&)>& started) {
   do_in_crash({silence_alsa_in_crash});
+  // A file that grows beyond its limit is told by the write that fails, as a full disk is.
+  std::signal(SIGXFSZ, SIG_IGN);
   QApplication application(argc, argv);
   // The toolkit takes the user's decimal comma over; numbers of programs have a point.
   std::setlocale(LC_NUMERIC, "C");
   name_application();
   TAppEngine engine(settings_place(), TCatalogue::FromEnvironment());
   engine.Desktop() = TDesktop::OfUser();
-  const QStringList arguments = QApplication::arguments();
-  const std::string path =
-      arguments.size() > 1 ? QFile::encodeName(arguments[1]).toStdString() : "";
+  const std::string path = argc > 1 ? absolute_path(argv[1]) : "";
   std::unique_ptr<TBasicApp> app;
   // A signal may come before there is an application, or even an event loop.
   bool isToEnd = false;

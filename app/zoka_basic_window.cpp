@@ -3,13 +3,14 @@
 
 #include <QApplication>
 #include <QFile>
-#include <QFileInfo>
 #include <QShortcut>
+#include <filesystem>
 
 #include "app/settings/exit_states.h"
 #include "app/settings/show_alert.h"
 #include "common/file_path.h"
 #include "common/window/menu_label.h"
+#include "common/window/screen_place.h"
 
 namespace zoka {
 namespace {
@@ -17,8 +18,7 @@ namespace {
 constexpr const char HISTORY_FILE[] = "ZokaBASIC_MRUF.arc";
 constexpr int32_t DELETE_BUTTON = 1;
 /// A main window of a first start; the settings' own default is too small for a list.
-constexpr int FIRST_WIDTH = 820;
-constexpr int FIRST_HEIGHT = 600;
+constexpr QSize FIRST_SIZE(820, 600);
 
 std::string bytes_of(const QString& path) {
   return QFile::encodeName(path).toStdString();
@@ -51,15 +51,7 @@ TZokaBasicWindow::TZokaBasicWindow(TWindowContext& context, TRunWindow& runWindo
   }
   mView->SetCalls({[this] { SetWinTitle(); }, [this] { UpdateItems(); },
                    [this](const std::string& file) { AddHistoryRqtd(file); }});
-  const TFrame& frame = Engine().exitStates->WFr;
-  if (frame == DEFAULT_MAIN_FRAME) {
-    resize(FIRST_WIDTH, FIRST_HEIGHT);
-  } else {
-    resize(static_cast<int>(frame.right - frame.left), static_cast<int>(frame.bottom - frame.top));
-  }
-  // Of a screen that was larger.
-  resize(size().boundedTo(screen()->availableSize()));
-  MoveToFrame(frame);
+  take_frame(*this, Engine().exitStates->WFr, DEFAULT_MAIN_FRAME, FIRST_SIZE);
   CreateMenu();
   // The item in the menu has a submenu, and cannot have a key itself.
   connect(new QShortcut(Qt::CTRL | Qt::Key_O, this), &QShortcut::activated, this,
@@ -161,11 +153,11 @@ void TZokaBasicWindow::StorePanelFolder(const QFileDialog* panel) {
 }
 
 void TZokaBasicWindow::SetFilePanelFolder(QFileDialog* panel, const QFileDialog* other) {
-  const std::string& stored = Engine().exitStates->MWPF;
+  const QString stored = path_of(Engine().exitStates->MWPF);
   if (other != nullptr) {
     panel->setDirectory(other->directory());
-  } else if (!stored.empty()) {
-    panel->setDirectory(path_of(stored));
+  } else if (QFileInfo(stored).isDir()) {
+    panel->setDirectory(stored);
   }
 }
 
@@ -223,7 +215,9 @@ void TZokaBasicWindow::SaveHistory() const {
 }
 
 void TZokaBasicWindow::AddHistoryRqtd(const std::string& path) {
-  mMruf.AddMRUF(bytes_of(QFileInfo(path_of(path)).absoluteFilePath()));
+  std::error_code error;
+  const std::filesystem::path absolute = std::filesystem::absolute(path, error);
+  mMruf.AddMRUF(error ? path : absolute.string());
   GenerateHistoryMenu();
   SaveHistory();
 }

@@ -86,10 +86,16 @@ void TBasicFile::Unset() {
   mDescriptor = -1;
   mWrites.reset();
   mBuffer.reset();
+  mFilled = 0;
   Seek(0);
 }
 
 void TBasicFile::Seek(int64_t position) {
+  // What is in the buffer stays: one byte back, behind a look ahead, must not cost a reading.
+  if (position >= mBufferStart && position - mBufferStart < static_cast<int64_t>(mFilled)) {
+    mNext = static_cast<size_t>(position - mBufferStart);
+    return;
+  }
   mBufferStart = position;
   mNext = 0;
   mFilled = 0;
@@ -97,7 +103,9 @@ void TBasicFile::Seek(int64_t position) {
 
 bool TBasicFile::Fill() {
   if (!mBuffer) mBuffer = std::make_unique<char[]>(BUFFER_BYTES);
-  Seek(Position());
+  const int64_t position = Position();
+  mFilled = 0;
+  Seek(position);
   mWritesSeen = mWrites->load(std::memory_order_acquire);
   ssize_t count = -1;
   do {
@@ -141,6 +149,7 @@ bool TBasicFile::Write(std::string_view bytes) {
     bytes.remove_prefix(static_cast<size_t>(count));
   }
   mWrites->fetch_add(1, std::memory_order_release);
+  mFilled = 0;
   Seek(mAppends ? Size() : position);
   return isWhole;
 }

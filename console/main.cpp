@@ -51,6 +51,8 @@ int main(int argc, char** argv) {
   hold_standard_files();
   // A reader that goes away is noticed where the output is written.
   ::signal(SIGPIPE, SIG_IGN);
+  // So is a file that grows beyond its limit: the write fails as on a full disk.
+  ::signal(SIGXFSZ, SIG_IGN);
   zoka::do_in_crash({zoka::TTerminal::Restore, zoka::silence_alsa_in_crash});
   zoka::TOptions options;
   std::string error;

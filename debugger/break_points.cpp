@@ -71,7 +71,8 @@ bool TBreakPoints::Passes(int32_t line) {
   if (rule == mRules.end()) return true;
   TEntry& entry = rule->second;
   if (entry.passes < entry.rule.count) ++entry.passes;
-  return entry.passes >= entry.rule.count;
+  // A stop for another reason is a pass all the same.
+  return entry.passes >= entry.rule.count || (mHasRunTo && mRunTo == line);
 }
 
 }  // namespace zoka

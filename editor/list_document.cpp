@@ -43,7 +43,8 @@ TDocumentState next_document_state(TDocumentState state, TDocumentEvent event) {
     case E::Run:
       return S::Compiling;
     case E::Load:
-      return S::Loading;
+      // A compilation gives way to it; a program runs on, whatever becomes of the list.
+      return state == S::Running || state == S::Ending ? state : S::Loading;
     case E::Loaded:
     case E::LoadFailed:
       return state == S::Loading ? S::Idle : state;
@@ -88,6 +89,7 @@ void TListDocument::NoteReport(const TListText& list) {
 bool TListDocument::LoadText(const std::string& path, int32_t encoding, const char* status,
                              TListText* list) {
   mHost.SetStatBarStr(mContext.catalogue->GetString(status) + FUC_ELLIPSES);
+  if (mState == TDocumentState::Compiling) EndCompile();
   SetState(TDocumentEvent::Load);
   TListFault fault = CreateListCtt(path, encoding, mContext.prefs->Cv98.load(), list);
   SetState(fault == TListFault::None ? TDocumentEvent::Loaded : TDocumentEvent::LoadFailed);

@@ -111,6 +111,7 @@ void TListRequests::MItemSaveClicked(const TMessage& message) {
   if (!mDocument.SaveList(mDocument.CurPath(), false)) {
     return mHost.SaveFailed(mDocument.CurPath());
   }
+  mHost.Saved();
   InvokeNextMsg(message);
 }
 
@@ -120,6 +121,7 @@ void TListRequests::SaveRequested(const TMessage& message) {
   if (!message.FindRef("directory", &folder) || !message.FindString("name", &name)) return;
   const std::string path = folder.bytes + "/" + add_ext(name, LIST_EXT);
   if (!mDocument.SaveListAs(path)) return mHost.SaveFailed(path);
+  mHost.Saved();
   InvokeNextMsg(message);
 }
 

@@ -33,6 +33,8 @@ class TListRequestHost {
   virtual void GoToOffset(size_t offset) = 0;
   /// A list could not be written; nothing else says so.
   virtual void SaveFailed(const std::string& path) = 0;
+  /// The user's list is in its file.
+  virtual void Saved() = 0;
   /// A sample is in the editor: the user may want to know what to do with it.
   virtual void SampleOpened() = 0;
 };

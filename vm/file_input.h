@@ -6,8 +6,29 @@
 #include <string>
 
 #include "common/file.h"
+#include "common/thread.h"
 
 namespace zoka {
+
+/// What bounds the reading of one statement: a file may be longer than memory, and take longer to
+/// read than anybody waits.
+struct TFileInputBounds {
+  /// Bytes that all items together may have; std::bad_alloc is thrown for one more.
+  int64_t bytes = INT64_MAX;
+  /// Reading ends, as at the end of the file, soon after this thread has been told to terminate;
+  /// null for none.
+  const TThread* reader = nullptr;
+};
+
+/// Sets the bounds of all readings of this thread during its life; without one there are none. One
+/// at a time.
+class TFileInputScope {
+ public:
+  explicit TFileInputScope(const TFileInputBounds& bounds);
+  ~TFileInputScope();
+  TFileInputScope(const TFileInputScope&) = delete;
+  TFileInputScope& operator=(const TFileInputScope&) = delete;
+};
 
 /// Reads up to `count` items. An item loses its leading blanks; one that begins with a quote goes
 /// to the next quote, commas and all. A blank, a comma, a semicolon, CR, LF or CR LF closes it;

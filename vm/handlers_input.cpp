@@ -35,10 +35,17 @@ void input_line(TVMachine& m, TShelter saved, const int32_t* timeout) {
   m.AssignInputDatas(items, &saved);
 }
 
+/// Bytes and values made of them share what is left of the run's memory.
+TFileInputBounds bounds_of(const TVMachine& m) {
+  return {(m.mBudget.limit - m.mBudget.used) / 2, &m};
+}
+
 void input_from_file(TVMachine& m, int32_t count, bool asLine) {
   TShelter saved = m.SheltVar(count);
   TZokaFile& file = open_numbered_file(m, m.PopInt());
+  const TFileInputScope scope(bounds_of(m));
   const TItems items = m.mInputs->ReadItems(file, count, asLine);
+  if (m.IsTerminated()) return;
   if (static_cast<int32_t>(items.size()) < count) {
     throw m.RuntimeException2("@Runtime_Err_Input_Past_End@");
   }
@@ -98,7 +105,9 @@ void ExeBasicInputDl(TVMachine& m, const TVMCode* code) {
   }
   TZokaFile& file = open_numbered_file(m, m.PopInt());
   std::string text;
-  if (!m.mInputs->ReadCharacters(file, m.PopInt(), m.mRuntimeCompatiMode, &text)) {
+  const TFileInputScope scope(bounds_of(m));
+  if (!m.mInputs->ReadCharacters(file, m.PopInt(), m.mRuntimeCompatiMode, &text) &&
+      !m.IsTerminated()) {
     throw m.RuntimeException2("@Runtime_Err_Input_Past_End@");
   }
   m.PushString(text);

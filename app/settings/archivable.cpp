@@ -10,6 +10,13 @@
 
 namespace zoka {
 
+namespace {
+
+/// More fields that a record does not know are not kept: no version ever wrote so many.
+constexpr size_t MAX_UNKNOWN_FIELDS = 1000;
+
+}  // namespace
+
 int32_t TArchivable::Save(const std::string& path) const {
   TMessage message;
   if (Archive(&message) != 0) {
@@ -28,6 +35,7 @@ int32_t TArchivable::Load(const std::string& path) {
   Unarchive(message);
   mUnknown = TMessage();
   for (const TMessage::TField& field : message.Fields()) {
+    if (mUnknown.Fields().size() == MAX_UNKNOWN_FIELDS) break;
     if (!KnowsField(field.name)) mUnknown.AddField(field);
   }
   return 0;

@@ -8,6 +8,9 @@
 namespace zoka {
 namespace {
 
+/// Longer formats, in bytes, would leave the labels no room.
+constexpr size_t MAX_ACC_KEY_FORMAT = 32;
+
 constexpr const char SOURCE_APP_KEY[] = "IAP:SrcApp";
 constexpr const char SOURCE_ITEM_KEY[] = "IAP:SrcIAPItem";
 
@@ -79,7 +82,9 @@ void TIAPStringItem::GetDefault(TMessage* message) const {
 }
 
 bool TIAPItemAccKeyFormat::IsPossible(std::string_view value) const {
-  return value.empty() || value[0] == ACC_KEY_IN_FRONT || value[0] == ACC_KEY_BEHIND;
+  if (value.empty()) return true;
+  return value.size() <= MAX_ACC_KEY_FORMAT &&
+         (value[0] == ACC_KEY_IN_FRONT || value[0] == ACC_KEY_BEHIND);
 }
 
 TIAPConfiguration TIAPItemAccKeyFormat::Configuration() const {

@@ -48,13 +48,15 @@ TIAPItem* TInterAppPrefs::Find(std::string_view name) const {
 }
 
 void TInterAppPrefs::SaveItem(std::string_view name) const {
+  const std::string item(name);
   TMessage message;
   std::string path;
+  // What other versions have put there stays.
+  LoadItem(item, &message);
   {
     TLock lock(mMutex);
     Find(name)->GetValue(&message);
   }
-  const std::string item(name);
   const std::string file = item + ITEM_FILE_EXT;
   add_default_info(&message, item);
   if (mPlace && get_settings_entry(*mPlace, SHARED_FOLDER, file, true, &path) == 0) {

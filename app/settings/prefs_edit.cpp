@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 
 #include "app/settings/prefs_choices.h"
 #include "app/settings/speed_slider.h"
@@ -150,6 +151,8 @@ void TPrefsEdit::NotifyPrefDiffe(const TPrefs& before, const TPrefs& after) {
 void TPrefsEdit::SetNumber(TPrefsNumber number, std::string_view text) {
   const TNumberRow& found = row(NUMBERS, number);
   double value = parse_double(text) * found.unit;
+  // 1.001 milliseconds come out as a little less than 1001 microseconds.
+  if (found.unit != 1) value = std::round(value);
   AdjustValue(&value, found.least, found.greatest);
   found.store(mPrefs, value);
   Notify(found.notice, found.delayed);

@@ -5,13 +5,9 @@
 #include <QScreen>
 #include <algorithm>
 
+#include "common/window/screen_place.h"
+
 namespace zoka {
-namespace {
-
-/// No window stands farther from the screen's corner than this many pixels.
-constexpr float FAR = 1e6F;
-
-}  // namespace
 
 TBasicWindow::TBasicWindow(TWindowContext& context)
     : mWindowContext(context),
@@ -37,8 +33,8 @@ void TBasicWindow::IntelligentCentering() {
 }
 
 void TBasicWindow::IntelligentMoveTo(QPoint place) {
-  const QRect free = screen()->availableGeometry();
   const QSize size = frameGeometry().size();
+  const QRect free = screen_area_of(QRect(place, size));
   // The upper left corner, with what moves the window, wins where it does not fit.
   const int x = std::max(std::min(place.x(), free.right() + 1 - size.width()), free.left());
   const int y = std::max(std::min(place.y(), free.bottom() + 1 - size.height()), free.top());
@@ -52,8 +48,7 @@ TFrame TBasicWindow::Frame() const {
 }
 
 void TBasicWindow::MoveToFrame(const TFrame& frame) {
-  const auto pixel = [](float v) { return static_cast<int>(std::clamp(v, -FAR, FAR)); };
-  IntelligentMoveTo(QPoint(pixel(frame.left), pixel(frame.top)));
+  IntelligentMoveTo(corner_of(frame));
 }
 
 void TBasicWindow::MessageReceived(const TMessage& message) {

@@ -65,7 +65,7 @@ bool TToolTip::eventFilter(QObject* object, QEvent* event) {
 }
 
 void TToolTip::MouseEntered() {
-  const bool again = smLastHideTime && smNow() - *smLastHideTime <= TOOL_TIP_AGAIN_MS;
+  const bool again = smLastHideTime && smNow() - *smLastHideTime < TOOL_TIP_AGAIN_MS;
   if (smOpen || again) return Show();
   mShow->start(TOOL_TIP_SHOW_MS);
 }

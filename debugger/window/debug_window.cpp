@@ -5,14 +5,14 @@
 
 #include "app/settings/exit_states.h"
 #include "common/window/menu_label.h"
+#include "common/window/screen_place.h"
 #include "debugger/window/debug_commands.h"
 
 namespace zoka {
 namespace {
 
 /// A debug window of a first start; the settings' own default is too small for three lists.
-constexpr int FIRST_WIDTH = 800;
-constexpr int FIRST_HEIGHT = 560;
+constexpr QSize FIRST_SIZE(800, 560);
 
 constexpr TDebugCommand KILL_COMMAND{DEBUG_KILL, "Kill", "K", Qt::CTRL | Qt::Key_K};
 
@@ -23,13 +23,7 @@ TDebugWindow::TDebugWindow(TWindowContext& context)
   setObjectName("TDebugWindow");
   setCentralWidget(mView);
   setFocusProxy(mView);
-  const TFrame& frame = Engine().exitStates->DWFr;
-  if (frame == DEFAULT_DEBUG_FRAME) {
-    resize(FIRST_WIDTH, FIRST_HEIGHT);
-  } else {
-    resize(static_cast<int>(frame.right - frame.left), static_cast<int>(frame.bottom - frame.top));
-  }
-  MoveToFrame(frame);
+  take_frame(*this, Engine().exitStates->DWFr, DEFAULT_DEBUG_FRAME, FIRST_SIZE);
   CreateMenu();
   SetWinTitle();
   mView->setFocus();

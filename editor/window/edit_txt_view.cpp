@@ -182,7 +182,7 @@ void TEditTxtView::ApplyColours() {
   setMatchedBraceBackgroundColor(colours.brace);
   setMatchedBraceForegroundColor(colours.text[0]);
   setIndicatorForegroundColor(colours.undefined, UNDEFINED_INDICATOR);
-  setIndicatorForegroundColor(colours.brace, FOUND_INDICATOR);
+  setIndicatorForegroundColor(colours.selection, FOUND_INDICATOR);
   SendScintilla(SCI_INDICSETALPHA, FOUND_INDICATOR, FOUND_ALPHA);
 }
 

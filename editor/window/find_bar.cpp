@@ -190,8 +190,10 @@ int TFindBar::Count() const {
 
 void TFindBar::ShowFound(const std::vector<TFound>& all) {
   mCountTimer.stop();
-  mCount->setText(QString::fromStdString(replace_placeholder(
-      mContext.catalogue->GetString("Found: %Num%"), "%Num%", std::to_string(all.size()))));
+  const std::string count = replace_placeholder(mContext.catalogue->GetString("Found: %Num%"),
+                                                "%Num%", std::to_string(all.size()));
+  // A number means something only if something is looked for.
+  mCount->setText(mFind->text().isEmpty() ? QString() : QString::fromStdString(count));
   if (isVisible()) mMarks.Show(all);
 }
 

@@ -6,7 +6,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 
-#include "app/settings/prefs.h"
+#include "app/settings/prefs_choices.h"
 #include "common/window/menu_label.h"
 #include "common/window/panel_columns.h"
 #include "common/window/panel_completer.h"
@@ -17,8 +17,6 @@ namespace {
 
 /// Wide enough for names, types and dates of files.
 constexpr QSize PANEL_SIZE(760, 480);
-constexpr const char* ENCODINGS[] = {"Auto Detect", "UTF-8 (BeOS)", "Shift-JIS (DOS-BASIC)",
-                                     "JIS / NEC JIS (DISK-BASIC)"};
 
 void set_name_filters(QFileDialog& panel, const TEngineContext& context) {
   const QString lists = localized(context, "BASIC Lists");
@@ -46,9 +44,13 @@ TZokaOpenPanel::TZokaOpenPanel(QWidget* parent, const TEngineContext& context)
   resize(PANEL_SIZE);
   new TPanelCompleter(this);
   new TPanelColumns(this);
-  for (const char* encoding : ENCODINGS) mEncoding->addItem(encoding);
-  // Encodings are known by their places, and the separator takes one.
-  mEncoding->insertSeparator(ENCODING_SEPARATOR);
+  for (const char* encoding : ENCODING_ITEMS) {
+    if (encoding != nullptr) {
+      mEncoding->addItem(encoding);
+    } else {
+      mEncoding->insertSeparator(mEncoding->count());
+    }
+  }
   mEncodingLabel->setBuddy(mEncoding);
   auto* row = new QHBoxLayout;
   row->addWidget(mEncodingLabel);
@@ -69,7 +71,10 @@ void TZokaOpenPanel::SetLabels() {
   const QString marked = localized(mContext, "Encoding");
   mEncodingLabel->setText(marked);
   mEncoding->setAccessibleName(marked);
-  mEncoding->setItemText(0, localized(mContext, "Auto Detect"));
+  for (size_t i = 0; i < ENCODING_ITEMS.size(); ++i) {
+    if (ENCODING_ITEMS[i] == nullptr) continue;
+    mEncoding->setItemText(static_cast<int>(i), localized(mContext, ENCODING_ITEMS[i]));
+  }
   mAdd->setText(localized(mContext, "Insert to current position"));
 }
 

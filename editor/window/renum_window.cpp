@@ -11,6 +11,8 @@
 namespace zoka {
 namespace {
 
+constexpr int32_t LEAST_NUMBER = 1;
+
 struct TRenumField {
   const char* name;
   const char* label;
@@ -32,15 +34,19 @@ TRenumWindow::TRenumWindow(QWidget* parent, const TEngineContext& context,
     : TDialogWindow(parent, context, registry),
       mCancel(new QPushButton(this)),
       mOk(new QPushButton(this)) {
+  setObjectName("RenumView");
   auto* grid = new QGridLayout(this);
+  // Labels and fields have a half each.
+  grid->setColumnStretch(0, 1);
+  grid->setColumnStretch(1, 1);
   for (int i = 0; i < static_cast<int>(FIELD_COUNT); ++i) {
     const size_t at = static_cast<size_t>(i);
     mLabels[at] = new QLabel(this);
     mFields[at] = new QLineEdit(this);
     mFields[at]->setObjectName(FIELDS[at].name);
     mFields[at]->setAlignment(Qt::AlignRight);
-    // What an empty field means.
-    mFields[at]->setPlaceholderText(QString::number(FIELDS[at].whenEmpty));
+    // What an empty field comes to.
+    mFields[at]->setPlaceholderText(QString::number(std::max(FIELDS[at].whenEmpty, LEAST_NUMBER)));
     mLabels[at]->setBuddy(mFields[at]);
     grid->addWidget(mLabels[at], i, 0);
     grid->addWidget(mFields[at], i, 1);
@@ -77,9 +83,9 @@ void TRenumWindow::Appear() {
 int32_t TRenumWindow::CompoToParam(QLineEdit& field, int32_t whenEmpty) {
   const std::string text = field.text().toStdString();
   const int32_t value = text.empty() ? whenEmpty : parse_long(text);
-  if (value >= 1) return value;
-  field.setText("1");
-  return 1;
+  if (value >= LEAST_NUMBER) return value;
+  field.setText(QString::number(LEAST_NUMBER));
+  return LEAST_NUMBER;
 }
 
 void TRenumWindow::ApplyRenum() {

@@ -25,6 +25,12 @@ constexpr const char NEXT_RUN_CODE[] = "nxtr";
 constexpr int MS_PER_MINUTE = 60'000;
 constexpr int32_t YES_OF_TWO = 1;
 
+/// The path of a local file as its bytes are: the names of old disks need not be UTF-8.
+std::string path_of(const QUrl& url) {
+  if (!url.host().isEmpty()) return QFile::encodeName(url.toLocalFile()).toStdString();
+  return QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()).toStdString();
+}
+
 /// A fault's text on one line.
 std::string one_line(std::string text) {
   for (char& c : text) {
@@ -229,7 +235,7 @@ void TZokaBasicView::SimpleData(const QMimeData& files) {
   for (const QUrl& url : files.urls()) {
     if (!url.isLocalFile()) continue;
     TMessage message("_RRC");
-    message.AddRef("refs", TPathRef{QFile::encodeName(url.toLocalFile()).toStdString()});
+    message.AddRef("refs", TPathRef{path_of(url)});
     add_held_modifiers(&message, false);
     mWindow.PostMessage(message);
     return;
@@ -245,6 +251,10 @@ void TZokaBasicView::SetStatBarStr(const std::string& text) {
 void TZokaBasicView::SaveFailed(const std::string& path) {
   SetStatBarStr(replace_placeholder(GetString("Cannot save \"%FileName%\"."), "%FileName%",
                                     extract_file_name(path)));
+}
+
+void TZokaBasicView::Saved() {
+  SayOfList(GetString("Saved."));
 }
 
 void TZokaBasicView::SampleOpened() {

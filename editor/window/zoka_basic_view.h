@@ -78,6 +78,7 @@ class TZokaBasicView final : public TBasicView, private TDocumentHost, private T
   void PostToWindow(const TMessage& message) override { mWindow.PostMessage(message); }
   void GoToOffset(size_t offset) override { mEdit->GoToOffset(offset); }
   void SaveFailed(const std::string& path) override;
+  void Saved() override;
   void SampleOpened() override;
 
   std::string GetString(const char* key) const { return mContext.catalogue->GetString(key); }

@@ -1,6 +1,7 @@
 // The run window's life: messages, drives, lamps, size. Its menus are in run_window_menus.cpp.
 #include "run/window/run_window.h"
 
+#include <QFileInfo>
 #include <QLayout>
 #include <QShowEvent>
 
@@ -134,10 +135,8 @@ void TRunWindow::MItemSpecifyDrvFolderClicked(const TMessage& message) {
     mSpecifyPanel->setFileMode(QFileDialog::Directory);
     mSpecifyPanel->setOption(QFileDialog::ShowDirsOnly);
     // Without one it begins where the user was last, and not above all folders.
-    const std::string& stored = Engine().exitStates->RWPF;
-    if (!stored.empty()) {
-      mSpecifyPanel->setDirectory(QFile::decodeName(QByteArray::fromStdString(stored)));
-    }
+    const QString stored = QFile::decodeName(QByteArray::fromStdString(Engine().exitStates->RWPF));
+    if (QFileInfo(stored).isDir()) mSpecifyPanel->setDirectory(stored);
     connect(mSpecifyPanel, &QFileDialog::fileSelected, this, [this](const QString& path) {
       mRunView.SetDriveFolder(mSpecifyDrive, QFile::encodeName(path).toStdString());
     });

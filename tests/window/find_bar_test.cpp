@@ -1,4 +1,5 @@
 // The find bar while it is used: what is typed is found at once, and what is found is lit up.
+#include <QLabel>
 #include <QLineEdit>
 
 #include "editor/window/list_watch.h"
@@ -70,6 +71,21 @@ TEST_F(TFindBarTest, OccurrencesAreLitUpWhileTheBarIsThere) {
   EXPECT_EQ(Lit(), "10 A=B\n20 AB\n30 B\n");
   EXPECT_TRUE(Bar().FindNext());
   EXPECT_EQ(Lit(), "10 A=B\n20 AB\n30 B\n");
+}
+
+TEST_F(TFindBarTest, TheNumberIsShownOnlyWhenSomethingIsLookedFor) {
+  Edit().Set("10 AB\n");
+  Press(Qt::Key_F);
+  const auto shown = [this] {
+    QString all;
+    for (const QLabel* label : Bar().findChildren<QLabel*>()) all += label->text();
+    return all.toStdString();
+  };
+  EXPECT_EQ(shown(), "");
+  QTest::keyClicks(Bar().FindText(), "x");
+  EXPECT_EQ(shown(), "Found: 0");
+  QTest::keyClick(Bar().FindText(), Qt::Key_Backspace);
+  EXPECT_EQ(shown(), "");
 }
 
 TEST_F(TFindBarTest, LinesThatComeIntoSightAreLitUp) {

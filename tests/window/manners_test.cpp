@@ -90,6 +90,21 @@ TEST_F(TMannersTest, ASampleSaysHowItIsRunUntilAnotherListComes) {
   EXPECT_EQ(Status(), "");
 }
 
+TEST_F(TMannersTest, ASaveIsToldUntilTheListChanges) {
+  mFolder.Write("list.bas", "10 PRINT 1\n");
+  PostRefs(mFolder.Path("list.bas"));
+  QTest::keyClicks(&Edit(), "1");
+  TMessage save("SAVE");
+  save.AddRef("directory", TPathRef{mFolder.Path("none")});
+  save.AddString("name", "list.bas");
+  Post(save);
+  EXPECT_NE(Status().find("cannot be saved"), std::string::npos) << Status();
+  Choose("_sav");
+  EXPECT_EQ(Status(), " Saved.");
+  QTest::keyClicks(&Edit(), "1");
+  EXPECT_EQ(Status(), "");
+}
+
 TEST_F(TMannersTest, ATipMakesWayForTyping) {
   Edit().Set("10 PRINT 1\n");
   constexpr int64_t IN_PRINT = 4;

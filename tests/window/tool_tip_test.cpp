@@ -88,11 +88,11 @@ TEST_F(ToolTip, TheNextOneComesAtOnce) {
   RunOut(mGo);
   Send(mGo, QEvent::Leave);
   EXPECT_EQ(Shown(), "");
-  mNow += 200;
+  mNow += 199;
   Enter(mStop);
   EXPECT_EQ(Shown(), "Stops");
   Send(mStop, QEvent::Leave);
-  mNow += 201;
+  mNow += 200;
   Enter(mGo);
   EXPECT_EQ(Shown(), "");
   EXPECT_EQ(Awaited(mGo), 1000);

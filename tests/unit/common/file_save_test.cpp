@@ -2,17 +2,15 @@
 #include "common/file_save.h"
 
 #include <fcntl.h>
-#include <grp.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
 #include <csignal>
-#include <functional>
 
+#include "tests/support/ordinary_user.h"
 #include "tests/support/temp_folder.h"
 
 namespace zoka {
@@ -110,21 +108,6 @@ TEST_F(FileSave, FullDiskLeavesTheOldFile) {
   EXPECT_FALSE(saved);
   EXPECT_EQ(folder.Read("a"), "whole");
   EXPECT_EQ(Count(), 1u);
-}
-
-/// Runs the function as a user without rights, where the test itself may write everywhere; true if
-/// it returned true.
-bool as_ordinary_user(const std::function<bool()>& body) {
-  if (geteuid() != 0) return body();
-  constexpr uid_t NOBODY = 65534;
-  const pid_t child = fork();
-  if (child == 0) {
-    const bool changed = setgroups(0, nullptr) == 0 && setgid(NOBODY) == 0 && setuid(NOBODY) == 0;
-    _exit(changed && body() ? 0 : 1);
-  }
-  int status = -1;
-  waitpid(child, &status, 0);
-  return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
 TEST_F(FileSave, ReadOnlyFileIsNotReplaced) {

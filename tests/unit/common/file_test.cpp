@@ -96,6 +96,42 @@ TEST(BasicFile, ReadingAndWritingShareThePosition) {
   EXPECT_EQ(rest_of(&file), "ef");
 }
 
+TEST(BasicFile, SeeksWithinWhatItHasReadAhead) {
+  TTempFolder folder;
+  folder.Write("A", "abcdef");
+  TBasicFile file;
+  ASSERT_EQ(file.SetTo(folder.Path("A"), O_RDWR), 0);
+  EXPECT_EQ(rest_of(&file), "abcdef");
+  file.Seek(2);
+  EXPECT_EQ(file.Position(), 2);
+  EXPECT_FALSE(file.Eof());
+  EXPECT_EQ(rest_of(&file), "cdef");
+  file.Seek(6);
+  EXPECT_TRUE(file.Eof());
+  file.Seek(0);
+  TBasicFile writer;
+  ASSERT_EQ(writer.SetTo(folder.Path("A"), O_RDWR), 0);
+  EXPECT_TRUE(writer.Write("AB"));
+  EXPECT_EQ(rest_of(&file), "ABcdef");
+  file.Seek(1);
+  EXPECT_TRUE(file.Write("x"));
+  EXPECT_EQ(file.Position(), 2);
+  file.Seek(0);
+  EXPECT_EQ(rest_of(&file), "Axcdef");
+}
+
+TEST(BasicFile, ForgetsWhatItHadReadOfAFormerFile) {
+  TTempFolder folder;
+  folder.Write("A", "abcdef");
+  folder.Write("B", "xy");
+  TBasicFile file;
+  ASSERT_EQ(file.SetTo(folder.Path("A"), O_RDWR), 0);
+  char byte = 0;
+  EXPECT_TRUE(file.ReadByte(&byte));
+  ASSERT_EQ(file.SetTo(folder.Path("B"), O_RDWR), 0);
+  EXPECT_EQ(rest_of(&file), "xy");
+}
+
 TEST(BasicFile, AppendsAtTheEnd) {
   TTempFolder folder;
   folder.Write("A", "abc");

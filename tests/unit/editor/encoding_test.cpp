@@ -7,6 +7,7 @@
 
 #include "common/text/charset.h"
 #include "tests/support/hex.h"
+#include "tests/support/ordinary_user.h"
 #include "tests/support/temp_folder.h"
 
 namespace zoka {
@@ -168,6 +169,13 @@ TEST_F(ListFile, TooGreatAFile) {
   mTemp.Write("BIG", "");
   ASSERT_EQ(truncate(mTemp.Path("BIG").c_str(), MAX_LIST_BYTES + 1), 0);
   EXPECT_EQ(Load("BIG"), TListFault::CannotLoad);
+}
+
+TEST_F(ListFile, AFileThatMayNotBeReadCannotBeLoaded) {
+  mTemp.Write("A.BAS", "10 PRINT\n");
+  ASSERT_EQ(chmod(mTemp.Path("A.BAS").c_str(), 0), 0);
+  ASSERT_EQ(chmod(mTemp.Path().c_str(), 0755), 0);
+  EXPECT_TRUE(as_ordinary_user([&] { return Load("A.BAS") == TListFault::CannotLoad; }));
 }
 
 TEST_F(ListFile, ZerosAreAnEmptyList) {

@@ -22,7 +22,7 @@ TEST(DocumentState, Table) {
   constexpr S ALL[5] = {S::Idle, S::Loading, S::Compiling, S::Running, S::Ending};
   const TStateRow rows[] = {
       {E::Run, {S::Compiling, S::Compiling, S::Compiling, S::Compiling, S::Compiling}},
-      {E::Load, {S::Loading, S::Loading, S::Loading, S::Loading, S::Loading}},
+      {E::Load, {S::Loading, S::Loading, S::Loading, S::Running, S::Ending}},
       {E::Loaded, {S::Idle, S::Idle, S::Compiling, S::Running, S::Ending}},
       {E::LoadFailed, {S::Idle, S::Idle, S::Compiling, S::Running, S::Ending}},
       {E::Compiled, {S::Idle, S::Loading, S::Running, S::Running, S::Ending}},

@@ -44,6 +44,7 @@ class TRequestLog final : public TListRequestHost, public TDocumentHost {
   void PostToWindow(const TMessage& message) override { window.PostMessage(message); }
   void GoToOffset(size_t offset) override { offsets.push_back(offset); }
   void SaveFailed(const std::string& path) override { failedSaves.push_back(path); }
+  void Saved() override { ++saves; }
   void SampleOpened() override { ++samples; }
   void SetWinTitle() override { ++titles; }
   void AddHistory(const std::string& path) override { history.push_back(path); }
@@ -54,6 +55,7 @@ class TRequestLog final : public TListRequestHost, public TDocumentHost {
   TRows failedSaves, history;
   int titles = 0;
   int samples = 0;
+  int saves = 0;
 };
 
 class ListRequests : public ::testing::Test {
@@ -194,6 +196,7 @@ TEST_F(ListRequests, ASaveThatFailsEndsItsChain) {
   EXPECT_TRUE(other.messages.empty());
   EXPECT_TRUE(document.IsModified());
   EXPECT_EQ(host.failedSaves, TRows{folder.Path("a.bas")});
+  EXPECT_EQ(host.saves, 0);
   EXPECT_TRUE(answers.asked.empty()) << "a failed save shows no alert";
 }
 
@@ -224,6 +227,7 @@ TEST_F(ListRequests, AShiftJisListIsNeverWrittenBackUnderItsName) {
   requests.MessageReceived(TMessage("_sav"));
   EXPECT_TRUE(Posted().empty());
   EXPECT_EQ(folder.Read("utf8.bas"), "10 B\n");
+  EXPECT_EQ(host.saves, 2);
 }
 
 TEST_F(ListRequests, InsertingUtf8KeepsAForeignCharset) {
@@ -258,6 +262,7 @@ TEST_F(ListRequests, TheSavePanelsAnswer) {
   EXPECT_EQ(document.CurPath(), folder.Path("x.bas"));
   EXPECT_EQ(other.messages.size(), 1u);
   EXPECT_EQ(host.failedSaves, TRows{folder.Path("y.bas")});
+  EXPECT_EQ(host.saves, 1);
 }
 
 TEST_F(ListRequests, ASaveAnswerWithoutANameIsNone) {

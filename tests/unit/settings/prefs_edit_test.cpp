@@ -116,6 +116,18 @@ TEST_F(PrefsEdit, TypedNumbersAreBroughtIntoTheirRanges) {
   EXPECT_EQ(prefs.SpCI, 10'000'000);
 }
 
+TEST_F(PrefsEdit, EachMicrosecondCanBeTypedInMilliseconds) {
+  for (const char* text : {"1.001", "1.005", "4.035", "2999.999"}) {
+    edit.SetNumber(TPrefsNumber::MidiLatency, text);
+    EXPECT_EQ(edit.NumberText(TPrefsNumber::MidiLatency), text);
+  }
+  for (int64_t latency = 0; latency <= 3'000'000; latency += 37) {
+    prefs.MDly = latency;
+    edit.SetNumber(TPrefsNumber::MidiLatency, edit.NumberText(TPrefsNumber::MidiLatency));
+    ASSERT_EQ(prefs.MDly, latency);
+  }
+}
+
 TEST_F(PrefsEdit, NonsenseIsTheLeastValue) {
   for (const char* text : {"", "abc", "nan", "-", "-99999999999999999999999"}) {
     edit.SetNumber(TPrefsNumber::AutoSaveInterval, text);

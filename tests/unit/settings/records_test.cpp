@@ -246,6 +246,54 @@ TEST_F(Settings, UnknownFieldsAreKept) {
   EXPECT_FALSE(saved.HasField("CoMO"));
 }
 
+TEST_F(Settings, UnknownFieldsAreKeptUpToALimit) {
+  constexpr size_t MAX_UNKNOWN_FIELDS = 1000;
+  TMessage own;
+  TPrefs().Archive(&own);
+  for (const size_t count : {MAX_UNKNOWN_FIELDS, MAX_UNKNOWN_FIELDS + 1, size_t{30'000}}) {
+    // Put together by hand, since adding a field looks through all others.
+    std::string fields;
+    for (size_t i = 0; i < count; ++i) {
+      TMessage one;
+      one.AddBool("Futr" + std::to_string(i), true);
+      fields += one.Flatten().substr(8);
+    }
+    TMessage known;
+    known.AddInt32("SVol", 33);
+    std::string bytes = TMessage().Flatten() + fields + known.Flatten().substr(8);
+    for (size_t i = 0; i < 4; ++i) bytes[4 + i] = static_cast<char>((count + 1) >> 8 * i);
+    folder.MakeFolder("ZokaBASIC");
+    folder.Write(PREFS, bytes);
+    TPrefs prefs(&place);
+    ASSERT_EQ(prefs.LoadFromFile(), 0) << count;
+    EXPECT_EQ(prefs.SVol, 33);
+    EXPECT_EQ(prefs.SaveToFile(), 0);
+    const TMessage saved = ReadFile(PREFS);
+    EXPECT_EQ(saved.Fields().size(), own.Fields().size() + MAX_UNKNOWN_FIELDS) << count;
+    EXPECT_TRUE(saved.HasField("Futr" + std::to_string(MAX_UNKNOWN_FIELDS - 1)));
+  }
+}
+
+TEST_F(Settings, FilesHaveALimitOfSize) {
+  TMessage message;
+  message.AddInt32("SVol", 33);
+  message.AddString("Futr", "");
+  const std::string filling(MAX_SETTINGS_BYTES - message.Flatten().size(), 'x');
+  message.ReplaceString("Futr", filling);
+  WriteFile(PREFS, message);
+  TPrefs prefs(&place);
+  EXPECT_EQ(prefs.LoadFromFile(), 0);
+  EXPECT_EQ(prefs.SVol, 33);
+  EXPECT_EQ(*place.damaged, 0);
+  message.ReplaceString("Futr", filling + "x");
+  WriteFile(PREFS, message);
+  TPrefs other(&place);
+  EXPECT_EQ(other.LoadFromFile(), -1);
+  EXPECT_EQ(other.SVol, 80);
+  EXPECT_EQ(*place.damaged, 1);
+  EXPECT_EQ(folder.Read(std::string(PREFS) + ".damaged"), message.Flatten());
+}
+
 TEST_F(Settings, CopiesHaveTheirOwnValues) {
   TPrefs prefs(&place);
   prefs.SVol = 10;

@@ -49,9 +49,32 @@ TEST_F(InterAppPrefs, EachItemHasItsFile) {
   EXPECT_FALSE(flat);
 }
 
+TEST_F(InterAppPrefs, WhatOtherVersionsHaveStoredInItsFileStays) {
+  TMessage message;
+  message.AddString("Value", "");
+  message.AddInt32("Futr", 7);
+  folder.MakeFolder("Shared");
+  folder.Write("Shared/AccKeyFormat2.arc", message.Flatten());
+  TInterAppPrefs prefs(&place);
+  EXPECT_TRUE(prefs.SetString("AccKeyFormat2", "\x02[a]"));
+  TMessage saved;
+  ASSERT_TRUE(saved.Unflatten(folder.Read("Shared/AccKeyFormat2.arc")));
+  std::string text;
+  EXPECT_TRUE(saved.FindString("Value", &text));
+  EXPECT_EQ(text, "\x02[a]");
+  EXPECT_FALSE(saved.FindString("Value", &text, 1));
+  int32_t number = 0;
+  EXPECT_TRUE(saved.FindInt32("Futr", &number));
+  EXPECT_EQ(number, 7);
+}
+
 TEST_F(InterAppPrefs, ImpossibleValuesAreRefused) {
   TInterAppPrefs prefs(&place);
   EXPECT_FALSE(prefs.SetString("AccKeyFormat2", "\x03(a)"));
+  const std::string longest = "\x02" + std::string(31, 'a');
+  EXPECT_TRUE(prefs.SetString("AccKeyFormat2", longest));
+  EXPECT_FALSE(prefs.SetString("AccKeyFormat2", longest + "a"));
+  EXPECT_EQ(prefs.AccKeyFormat(), longest);
   folder.MakeFolder("Shared");
   folder.Write("Shared/AccKeyFormat2.arc", "no message");
   EXPECT_EQ(TInterAppPrefs(&place).AccKeyFormat(), "\x02(a)");

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/temp_folder.h"
+#include "tests/unit/vm/machine_rig.h"
 #include "vm/compati_mode.h"
 
 namespace zoka {
@@ -125,6 +126,55 @@ TEST_F(FileInput, CharactersWithShiftsUnderDisk) {
 TEST_F(FileInput, HalfACharacterAtTheEnd) {
   EXPECT_EQ(Characters("A\xE3\x81", 2, COMPATI_MODE_DISK + 1), "A\xE3\x81");
   EXPECT_EQ(Characters("\xFF", 1, COMPATI_MODE_DISK + 1), "\xFF");
+}
+
+TEST_F(FileInput, ItemsMayHaveTheBytesThatMemoryAllows) {
+  const auto items_within = [this](std::string_view bytes, int32_t count, int64_t room) {
+    const TFileInputScope scope({room});
+    std::list<std::string> items;
+    InputFromFile(Open(bytes), count, &items, false);
+    return TItems(items.begin(), items.end());
+  };
+  EXPECT_EQ(items_within("abc,d", 1, 3), TItems{"abc"});
+  EXPECT_EQ(items_within("  \"abc\",d", 1, 3), TItems{"abc"});  // blanks and quotes are not kept
+  EXPECT_EQ(items_within("ab,c", 2, 3), (TItems{"ab", "c"}));
+  EXPECT_THROW(items_within("abcd", 1, 3), std::bad_alloc);
+  EXPECT_THROW(items_within("\"abcd\"", 1, 3), std::bad_alloc);
+  EXPECT_THROW(items_within("ab,cd", 2, 3), std::bad_alloc);
+  std::string text;
+  {
+    const TFileInputScope scope({3});
+    EXPECT_TRUE(InputDlFromFile(Open("abcd"), 3, COMPATI_MODE_DISK, &text));
+    EXPECT_THROW(InputDlFromFile(Open("abcd"), 4, COMPATI_MODE_DISK, &text), std::bad_alloc);
+  }
+  EXPECT_TRUE(InputDlFromFile(Open("abcd"), 4, COMPATI_MODE_DISK, &text));
+}
+
+TEST_F(FileInput, ReadingEndsSoonAfterAStop) {
+  TMachineRig rig;
+  rig.Machine().Terminate();
+  const TFileInputScope scope({INT64_MAX, &rig.Machine()});
+  constexpr size_t LONG = 1 << 20;
+  for (const char byte : {' ', 'x'}) {
+    std::list<std::string> items;
+    InputFromFile(Open(std::string(LONG, byte)), 1, &items, true);
+    EXPECT_LE(file.Position(), 1 << 16) << byte;
+  }
+  std::string text;
+  TBasicFile& bytes = Open(std::string(LONG, 'x'));
+  EXPECT_FALSE(InputDlFromFile(bytes, LONG, COMPATI_MODE_DISK, &text));
+  EXPECT_LE(file.Position(), 1 << 16);
+}
+
+TEST_F(FileInput, ALineBeyondTheRunsMemoryIsRefused) {
+  TMachineRig rig;
+  rig.memoryLimit = 1 << 20;
+  // NULs end a text, but have to be read first.
+  folder.Write("X", std::string(1 << 20, '\0'));
+  rig.rsrc.DrvFolderRefs().SetFolder(0, folder.Path());
+  rig.rsrc.Files().Open(rig.rsrc.DrvFolderRefs(), "X", 1, OPEN_INPUT);
+  rig.Line(10).Int(1).Ref("A$").OpLong(TVMCodeCmd::LineInputSh, 1);
+  EXPECT_EQ(rig.RunToFault(), "@Runtime_Err_Ill_Func_Call@");
 }
 
 }  // namespace
