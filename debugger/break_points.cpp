@@ -53,21 +53,26 @@ bool TBreakPoints::Find(int32_t line, std::string* condition) const {
   if (!mInUse.load(std::memory_order_acquire)) return false;
   const TLock lock(mLock);
   condition->clear();
-  if (mHasRunTo && mRunTo == line) return true;
   if (!std::binary_search(fBreakPoints.begin(), fBreakPoints.end(), line)) return false;
   const auto rule = mRules.find(line);
   if (rule != mRules.end()) *condition = rule->second.rule.condition;
   return true;
 }
 
+bool TBreakPoints::IsRunTo(int32_t line) const {
+  if (!mInUse.load(std::memory_order_acquire)) return false;
+  const TLock lock(mLock);
+  return mHasRunTo && mRunTo == line;
+}
+
 bool TBreakPoints::Passes(int32_t line) {
   const TLock lock(mLock);
-  if (mHasRunTo && mRunTo == line) return true;
   const auto rule = mRules.find(line);
   if (rule == mRules.end()) return true;
   TEntry& entry = rule->second;
   if (entry.passes < entry.rule.count) ++entry.passes;
-  return entry.passes >= entry.rule.count;
+  // A stop for another reason is a pass all the same.
+  return entry.passes >= entry.rule.count || (mHasRunTo && mRunTo == line);
 }
 
 }  // namespace zoka

@@ -37,8 +37,10 @@ class TBreakPoints {
   void SetRunTo(int32_t line);
   void ClearRunTo();
 
-  /// True if the line is a breakpoint, or the one to run to; writes its condition, or nothing.
+  /// True if the line is a breakpoint; writes its condition, or nothing.
   bool Find(int32_t line, std::string* condition) const;
+  /// True if it is the one to run to.
+  bool IsRunTo(int32_t line) const;
   /// Counts a pass of a breakpoint whose condition holds; true if the program is to stop.
   bool Passes(int32_t line);
 

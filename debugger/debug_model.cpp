@@ -204,9 +204,9 @@ bool TDebugModel::Unbreak(TDebugRunMode mode) {
 
 bool TDebugModel::RunToCursor(int32_t line) {
   return Change([&] {
-    if (!Stands()) return false;
+    if (fDebugger == nullptr) return false;
     fDebugger->BreakPoints().SetRunTo(line);
-    return Resume(TDebugRunMode::Run);
+    return !Stands() || Resume(TDebugRunMode::Run);
   });
 }
 

@@ -90,7 +90,8 @@ class TDebugModel {
   bool StepOver() { return Unbreak(TDebugRunMode::StepOver); }
   bool StepIn() { return Unbreak(TDebugRunMode::StepIn); }
   bool StepOut() { return Unbreak(TDebugRunMode::StepOut); }
-  /// Goes on to the line, or to an earlier stop.
+  /// Stops once at the line, unless there is a stop before; goes on if the program stands. False
+  /// without a debugger.
   bool RunToCursor(int32_t line);
   /// The pause button: stops before the next instruction. False without a debugger.
   bool Stop();

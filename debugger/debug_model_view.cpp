@@ -110,7 +110,9 @@ std::optional<std::string> TDebugModel::ValueOf(std::string_view expression) {
   if (mProgram == nullptr) return std::nullopt;
   const std::optional<TExprValue> value = evaluate_expression(expression, *mProgram);
   if (!value) return std::nullopt;
-  return value->isText ? value->text : shown_number(value->number);
+  if (value->IsText()) return value->text;
+  if (value->kind == ttInt) return std::to_string(static_cast<int32_t>(value->number));
+  return shown_number(value->number);
 }
 
 }  // namespace zoka

@@ -166,10 +166,11 @@ void TDebugger::LineBegun() {
 
 bool TDebugger::MeetsBreakPoint() {
   std::string condition;
-  if (!mBreakPoints.Find(mCurLine, &condition)) return false;
+  const bool isRunTo = mBreakPoints.IsRunTo(mCurLine);
+  if (!mBreakPoints.Find(mCurLine, &condition)) return isRunTo;
   // A condition that cannot be evaluated stops: the user is to see that it is wrong.
-  if (!condition.empty() && !condition_holds(condition, *mMidCode).value_or(true)) return false;
-  return mBreakPoints.Passes(mCurLine);
+  if (!condition.empty() && !condition_holds(condition, *mMidCode).value_or(true)) return isRunTo;
+  return mBreakPoints.Passes(mCurLine) || isRunTo;
 }
 
 void TDebugger::Break() {

@@ -13,17 +13,20 @@ namespace zoka {
 
 /// A number or a text.
 struct TExprValue {
-  bool isText = false;
+  /// ttInt, ttSng, ttDbl or ttStr.
+  TTokenKind kind = ttInt;
   double number = 0;
   std::string text;
+  bool IsText() const { return kind == ttStr; }
 };
 
-/// Knows numbers (also &H), texts in quotes, variables and their elements, parentheses, arithmetic
-/// and integer division, comparisons (-1 or 0), NOT AND OR XOR, with the language's order of
-/// precedence. A name without a type suffix is the variable of single precision, else the integer,
-/// double, or text of that name. Nothing if the text is no expression, if kinds don't match, if a
-/// variable or an element does not exist, or for a division by zero. Takes the variables' lock. Any
-/// thread while the program exists.
+/// Knows numbers (also &H and with an exponent), texts in quotes, variables and their elements,
+/// parentheses, arithmetic and integer division, comparisons (-1 or 0), NOT AND OR XOR IMP EQV,
+/// with the language's order of precedence and its types: a single equals .1 if it was assigned .1.
+/// A name without a type suffix is the variable of single precision, else the integer, double, or
+/// text of that name. Nothing if the text is no expression, if kinds don't match, if a variable or
+/// an element does not exist, or for a division by zero. Takes the variables' lock. Any thread
+/// while the program exists.
 std::optional<TExprValue> evaluate_expression(std::string_view text, TMidCode& program);
 
 /// Whether the expression's value is other than 0; nothing also for a text.

@@ -6,11 +6,7 @@
 namespace zoka {
 namespace {
 
-constexpr std::string_view TYPE_CHARACTERS = "$%!#";
-
-bool is_name_char(char c) {
-  return is_letter(c) || is_digit(c) || c == '_' || c == '.';
-}
+constexpr std::string_view NAME_SIGNS = "_.@%!#$";
 
 /// Steps over a text in quotes that begins at `at`; the line's end ends it, too.
 size_t behind_quotes(std::string_view line, size_t at) {
@@ -34,10 +30,8 @@ size_t behind_subscripts(std::string_view line, size_t open) {
   return open;
 }
 
-/// The end of the name that begins at `at`.
 size_t behind_name(std::string_view line, size_t at) {
   while (at < line.size() && is_name_char(line[at])) ++at;
-  if (at < line.size() && TYPE_CHARACTERS.find(line[at]) != TYPE_CHARACTERS.npos) ++at;
   return at;
 }
 
@@ -49,13 +43,21 @@ bool is_remark(std::string_view line, size_t at, size_t end) {
 
 }  // namespace
 
+bool is_name_begin(char c) {
+  return is_letter(c) || c == '_';
+}
+
+bool is_name_char(char c) {
+  return is_letter(c) || is_digit(c) || NAME_SIGNS.find(c) != NAME_SIGNS.npos;
+}
+
 std::string_view expression_at(std::string_view line, size_t column) {
   for (size_t at = 0; at < line.size() && at <= column;) {
     const char c = line[at];
     if (c == '\'') return {};
     if (c == '"') {
       at = behind_quotes(line, at);
-    } else if (is_letter(c)) {
+    } else if (is_name_begin(c)) {
       const size_t end = behind_name(line, at);
       if (is_remark(line, at, end)) return {};
       if (column < end) {
@@ -65,8 +67,7 @@ std::string_view expression_at(std::string_view line, size_t column) {
       at = end;
     } else if (is_digit(c) || c == '&') {
       // The letters of &HFF and 1E5 are no names.
-      ++at;
-      while (at < line.size() && is_name_char(line[at])) ++at;
+      at = behind_name(line, at + 1);
     } else {
       ++at;
     }

@@ -6,6 +6,11 @@
 
 namespace zoka {
 
+/// What a variable's name may begin with, and what may stand in it: suffixes of types, too, at any
+/// place.
+bool is_name_begin(char c);
+bool is_name_char(char c);
+
 /// The variable at byte `column` of a line, with its type character, and with its subscripts if it
 /// has some: pointing at the name of "A(I+1,2)" means the element, pointing at I means I. Empty
 /// where there is no name: in numbers, texts in quotes, comments and everything else.

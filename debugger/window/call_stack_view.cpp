@@ -28,7 +28,7 @@ int TCallStackView::PaintRow(QPainter& painter, int64_t row, const QRect& place)
   painter.setPen(row_colours(palette()).text);
   painter.drawText(place.left() + TEXT_X, place.top() + painter.fontMetrics().ascent(), text);
   PaintSelection(painter, row, place);
-  return TEXT_X + painter.fontMetrics().horizontalAdvance(text) + TEXT_X;
+  return TEXT_X + text_width(text, painter.font()) + TEXT_X;
 }
 
 void TCallStackView::RowPressed(int64_t row, int) {

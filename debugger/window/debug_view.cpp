@@ -162,6 +162,7 @@ void TDebugView::SetViewLabel() {
   mCallStack->setAccessibleName(localized(mContext, "Call Stack"));
   mVarsLabel->setText(localized(mContext, "Variables"));
   mVars->setAccessibleName(localized(mContext, "Variables"));
+  mVars->SetReadText(localized(mContext, "Changed"));
   mRuleDialog->SetLabels();
   mCallStack->viewport()->update();
 }
@@ -314,7 +315,7 @@ void TDebugView::SrcCodeMenu(QPoint place) {
   }
   menu->addSeparator();
   add_debug_command(menu, mContext, debug_run_commands().back(), chosen)
-      ->setEnabled(mModel.RunMode() == TDebugRunMode::Breaked);
+      ->setEnabled(mModel.HasDebugger());
   menu->popup(place);
 }
 

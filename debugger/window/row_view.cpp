@@ -1,7 +1,6 @@
 // Scrolling, selecting and painting of rows.
 #include "debugger/window/row_view.h"
 
-#include <QAccessible>
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QGuiApplication>
@@ -11,7 +10,11 @@
 #include <QScrollBar>
 #include <QToolTip>
 #include <algorithm>
+#include <cmath>
 #include <limits>
+
+#include "common/window/fixed_font.h"
+#include "debugger/window/row_accessible.h"
 
 namespace zoka {
 namespace {
@@ -44,7 +47,23 @@ bool is_dark(const QColor& colour) {
   return colour.lightness() < HALF_LIGHTNESS;
 }
 
+QTextLine lay_out_row(QTextLayout& layout) {
+  layout.beginLayout();
+  QTextLine line = layout.createLine();
+  if (line.isValid()) line.setLineWidth(QWIDGETSIZE_MAX);
+  layout.endLayout();
+  return line;
+}
+
+int text_width(const QString& text, const QFont& font) {
+  // The metrics do not know how far a tab goes.
+  if (!text.contains('\t')) return QFontMetrics(font).horizontalAdvance(text);
+  QTextLayout layout(text, font);
+  return static_cast<int>(std::ceil(lay_out_row(layout).naturalTextWidth()));
+}
+
 TRowView::TRowView(QWidget* parent) : QAbstractScrollArea(parent) {
+  install_row_accessible();
   setFocusPolicy(Qt::StrongFocus);
   setFrameShape(NoFrame);
   viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
@@ -53,7 +72,7 @@ TRowView::TRowView(QWidget* parent) : QAbstractScrollArea(parent) {
 }
 
 void TRowView::SetFontFamilyAndSize(const std::string& family, float points) {
-  QFont font(QString::fromStdString(family));
+  QFont font(present_fixed_family(family));
   font.setPointSizeF(static_cast<qreal>(points));
   setFont(font);
   mRowHeight = std::max(QFontMetrics(font).height(), 1);
@@ -114,13 +133,19 @@ void TRowView::SetCurrentRow(int64_t row) {
     if (mCurrent >= top + RowsInSight()) ScrollToTop(mCurrent - RowsInSight() + 1);
   }
   viewport()->update();
-  TellReaders();
+  TellReaders(QAccessible::Focus);
 }
 
-void TRowView::TellReaders() {
-  setAccessibleDescription(mCurrent == NO_ROW ? QString() : ReadText(mCurrent));
-  if (!QAccessible::isActive()) return;
-  QAccessibleEvent event(this, QAccessible::DescriptionChanged);
+void TRowView::KeepCurrentRow(int64_t row) {
+  mCurrent = std::clamp<int64_t>(row, NO_ROW, mRows - 1);
+  viewport()->update();
+}
+
+/// Tells of the selected row, while the list has the keyboard.
+void TRowView::TellReaders(QAccessible::Event what) {
+  if (mCurrent == NO_ROW || !hasFocus()) return;
+  QAccessibleEvent event(this, what);
+  event.setChild(static_cast<int>(mCurrent));
   QAccessible::updateAccessibility(&event);
 }
 
@@ -199,7 +224,11 @@ int64_t TRowView::MovedBy(int key) const {
 
 void TRowView::keyPressEvent(QKeyEvent* event) {
   if (mRows == 0) return QAbstractScrollArea::keyPressEvent(event);
-  if (mCurrent != NO_ROW && RowKey(mCurrent, *event)) return event->accept();
+  if (mCurrent != NO_ROW && RowKey(mCurrent, *event)) {
+    // It may read otherwise now: a breakpoint, an array that is open.
+    TellReaders(QAccessible::NameChanged);
+    return event->accept();
+  }
   if (mCurrent != NO_ROW && event->matches(QKeySequence::Copy)) {
     QGuiApplication::clipboard()->setText(RowText(mCurrent));
     return event->accept();
@@ -229,7 +258,11 @@ void TRowView::focusInEvent(QFocusEvent* event) {
   QAbstractScrollArea::focusInEvent(event);
   const Qt::FocusReason reason = event->reason();
   const bool byKey = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
-  if (byKey && mCurrent == NO_ROW && mRows > 0) SetCurrentRow(verticalScrollBar()->value());
+  if (byKey && mCurrent == NO_ROW && mRows > 0) {
+    SetCurrentRow(verticalScrollBar()->value());
+  } else {
+    TellReaders(QAccessible::Focus);
+  }
   viewport()->update();
 }
 

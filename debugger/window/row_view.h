@@ -4,8 +4,10 @@
 #pragma once
 
 #include <QAbstractScrollArea>
+#include <QAccessible>
 #include <QFont>
 #include <QPainter>
+#include <QTextLayout>
 #include <cstdint>
 #include <string>
 
@@ -24,6 +26,11 @@ TRowColours row_colours(const QPalette& palette);
 
 /// True for a colour that light shapes are drawn on.
 bool is_dark(const QColor& colour);
+
+/// Lays a text out in one line, as it is painted: tabs reach to their stops.
+QTextLine lay_out_row(QTextLayout& layout);
+/// The pixels that a text takes when it is painted.
+int text_width(const QString& text, const QFont& font);
 
 /// Window thread. Rows count from 0; NO_ROW is none. The copy key copies the selected row's text.
 class TRowView : public QAbstractScrollArea {
@@ -52,6 +59,10 @@ class TRowView : public QAbstractScrollArea {
   virtual QString RowText(int64_t row) const = 0;
   /// A row as it is read out.
   virtual QString ReadText(int64_t row) const { return RowText(row); }
+  /// What else readers of the screen are told of a row; whether it is selected they know.
+  virtual QAccessible::State RowState(int64_t) const { return {}; }
+  /// List or Tree.
+  virtual QAccessible::Role RowsRole() const { return QAccessible::List; }
 
  protected:
   virtual int64_t CountRows() const = 0;
@@ -69,6 +80,8 @@ class TRowView : public QAbstractScrollArea {
   /// The row's menu is wanted, at a place of the screen.
   virtual void RowMenu(int64_t, QPoint /*place*/) {}
 
+  /// Selects a row without bringing it into sight: it is the one that was selected before.
+  void KeepCurrentRow(int64_t row);
   /// The widest row is forgotten, and found anew.
   void ForgetWidth() { mWidest = 0; }
   void PaintSelection(QPainter& painter, int64_t row, const QRect& place) const;
@@ -87,7 +100,7 @@ class TRowView : public QAbstractScrollArea {
   int64_t RowsInSight() const;
   int64_t MovedBy(int key) const;
   void UpdateBars();
-  void TellReaders();
+  void TellReaders(QAccessible::Event what);
 
   int64_t mRows = 0;
   int64_t mCurrent = NO_ROW;

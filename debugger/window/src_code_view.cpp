@@ -2,7 +2,6 @@
 #include "debugger/window/src_code_view.h"
 
 #include <QKeyEvent>
-#include <QTextLayout>
 
 #include "debugger/expression_at.h"
 #include "debugger/window/debug_images.h"
@@ -74,7 +73,7 @@ int TSrcCodeView::PaintRow(QPainter& painter, int64_t row, const QRect& place) {
   painter.setPen(colours.text);
   painter.drawText(place.left() + TEXT_X, place.top() + painter.fontMetrics().ascent(), text);
   PaintSelection(painter, row, place);
-  return TEXT_X + painter.fontMetrics().horizontalAdvance(text) + TEXT_X;
+  return TEXT_X + text_width(text, painter.font()) + TEXT_X;
 }
 
 void TSrcCodeView::RowPressed(int64_t row, int x) {
@@ -91,10 +90,7 @@ QString TSrcCodeView::HoverText(int64_t row, int x) const {
   const std::string line = mModel.SrcLine(static_cast<size_t>(row)).text;
   const QString text = QString::fromStdString(line);
   QTextLayout layout(text, font());
-  layout.beginLayout();
-  QTextLine shown = layout.createLine();
-  if (shown.isValid()) shown.setLineWidth(QWIDGETSIZE_MAX);
-  layout.endLayout();
+  const QTextLine shown = lay_out_row(layout);
   const int along = x - TEXT_X;
   if (!shown.isValid() || along < 0 || along >= shown.naturalTextWidth()) return {};
   const int at = shown.xToCursor(along, QTextLine::CursorOnCharacter);

@@ -40,6 +40,8 @@ class TSrcCodeView final : public TRowView {
   int64_t CountRows() const override { return static_cast<int64_t>(mModel.SrcLineCount()); }
   int PaintRow(QPainter& painter, int64_t row, const QRect& place) override;
   void RowPressed(int64_t row, int x) override;
+  /// The second of two quick clicks is a click like any other.
+  void RowDoubleClicked(int64_t row, int x) override { RowPressed(row, x); }
   bool RowKey(int64_t row, QKeyEvent& event) override;
   QString HoverText(int64_t row, int x) const override;
   void RowMenu(int64_t row, QPoint place) override;

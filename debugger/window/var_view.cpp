@@ -26,12 +26,23 @@ TVarView::TVarView(QWidget* parent, TDebugModel& model) : TRowView(parent), mMod
 
 void TVarView::ItemsChanged() {
   CloseEditor();
+  const TPlace selected = CurrentRow() == NO_ROW ? TPlace{} : PlaceOf(CurrentRow());
   mStarts.assign(1, 0);
   for (size_t item = 0; item < mModel.VarCount(); ++item) {
     const int64_t below = mModel.IsVarExpanded(item) ? mModel.VarChildCount(item) : 0;
     mStarts.push_back(mStarts.back() + 1 + below);
   }
   RowsChanged();
+  if (CurrentRow() != NO_ROW) SelectPlace(selected);
+}
+
+/// Selects what was selected before other items got more or fewer elements; of an element that is
+/// gone the array.
+void TVarView::SelectPlace(const TPlace& place) {
+  if (place.item + 1 >= mStarts.size()) return;
+  const int64_t row = mStarts[place.item];
+  const int64_t below = mStarts[place.item + 1] - row - 1;
+  KeepCurrentRow(place.slot <= below ? row + place.slot : row);
 }
 
 void TVarView::ValuesChanged() {
@@ -58,6 +69,21 @@ TVarRow TVarView::Row(int64_t row) const {
 QString TVarView::RowText(int64_t row) const {
   const TVarRow shown = Row(row);
   return QString::fromStdString(shown.label + shown.value);
+}
+
+QString TVarView::ReadText(int64_t row) const {
+  const QString before = Row(row).changed ? mChangedText + ": " : QString();
+  return before + RowText(row);
+}
+
+QAccessible::State TVarView::RowState(int64_t row) const {
+  const TPlace place = PlaceOf(row);
+  QAccessible::State state;
+  if (place.slot != 0 || !IsArray(place.item)) return state;
+  state.expandable = true;
+  state.expanded = mModel.IsVarExpanded(place.item);
+  state.collapsed = !state.expanded;
+  return state;
 }
 
 int TVarView::TextX(int64_t row) const {
@@ -91,7 +117,7 @@ int TVarView::PaintRow(QPainter& painter, int64_t row, const QRect& place) {
     painter.setPen(colours.changed);
   }
   painter.drawText(place.left() + valueX, base, value);
-  const int width = valueX + painter.fontMetrics().horizontalAdvance(value) + INDENT;
+  const int width = valueX + text_width(value, painter.font()) + INDENT;
   painter.setFont(font());
   PaintSelection(painter, row, place);
   return width;
@@ -149,7 +175,7 @@ bool TVarView::RowKey(int64_t row, QKeyEvent& event) {
 
 QString TVarView::HoverText(int64_t row, int) const {
   // Only what does not fit needs a tip.
-  if (fontMetrics().horizontalAdvance(RowText(row)) + TextX(row) < viewport()->width()) return {};
+  if (text_width(RowText(row), font()) + TextX(row) < viewport()->width()) return {};
   return RowText(row).left(MAX_TIP_CHARACTERS).toHtmlEscaped();
 }
 
@@ -166,9 +192,13 @@ void TVarView::EditValue() {
   if (!CanEdit()) return;
   const TVarRow shown = Row(CurrentRow());
   if (shown.isDummy) return;
+  // It may have been scrolled away.
+  SetCurrentRow(CurrentRow());
+  mEdited = PlaceOf(CurrentRow());
   QRect place = RowRect(CurrentRow());
-  place.setLeft(place.left() + TextX(CurrentRow()) +
-                fontMetrics().horizontalAdvance(QString::fromStdString(shown.label)));
+  const int valueX =
+      TextX(CurrentRow()) + fontMetrics().horizontalAdvance(QString::fromStdString(shown.label));
+  place.setLeft(std::max(place.left() + valueX, 0));
   place.setRight(std::max(viewport()->width() - 1, place.left() + MIN_EDITOR_WIDTH));
   mEditor = new QLineEdit(viewport());
   mEditor->setObjectName("EditValue");
@@ -176,8 +206,9 @@ void TVarView::EditValue() {
   mEditor->setFrame(false);
   mEditor->setFont(font());
   mEditor->setGeometry(place);
-  // Of a text that is shown in part the rest must not get lost unseen.
-  if (shown.value.size() < CUT_BYTES) mEditor->setText(QString::fromStdString(shown.value));
+  // Of a text that is shown in part, or cannot be, nothing must get lost unseen.
+  const QString value = QString::fromStdString(shown.value);
+  if (shown.value.size() < CUT_BYTES && value.toStdString() == shown.value) mEditor->setText(value);
   mTextBefore = mEditor->text();
   mEditor->selectAll();
   mEditor->installEventFilter(this);
@@ -188,8 +219,7 @@ void TVarView::EditValue() {
 void TVarView::CommitEdit() {
   const QString text = mEditor->text();
   if (text != mTextBefore) {
-    const TPlace place = PlaceOf(CurrentRow());
-    if (!mModel.EditVar(place.item, place.slot, text.toStdString())) {
+    if (!mModel.EditVar(mEdited.item, mEdited.slot, text.toStdString())) {
       // Not a value of its kind: it stays to be mended.
       mEditor->selectAll();
       QPalette wrong = palette();

@@ -37,7 +37,13 @@ class TVarView final : public TRowView {
   /// The field, null when none is open.
   QLineEdit* Editor() { return mEditor; }
 
+  /// What is read out before a value that has changed since the last stop.
+  void SetReadText(const QString& changed) { mChangedText = changed; }
+
   QString RowText(int64_t row) const override;
+  QString ReadText(int64_t row) const override;
+  QAccessible::State RowState(int64_t row) const override;
+  QAccessible::Role RowsRole() const override { return QAccessible::Tree; }
 
  protected:
   int64_t CountRows() const override { return mStarts.back(); }
@@ -56,6 +62,7 @@ class TVarView final : public TRowView {
   int TextX(int64_t row) const;
   bool IsArray(size_t item) const { return mModel.VarChildCount(item) > 0; }
   bool ArrowKey(int64_t row, int key);
+  void SelectPlace(const TPlace& place);
   void CommitEdit();
   void CloseEditor();
 
@@ -63,7 +70,9 @@ class TVarView final : public TRowView {
   std::function<void(QPoint)> mMenu;
   /// The row of each item, and behind the last one the number of rows.
   std::vector<int64_t> mStarts{0};
+  QString mChangedText;
   QLineEdit* mEditor = nullptr;
+  TPlace mEdited;       // what the field is for
   QString mTextBefore;  // what the field began with
 };
 

@@ -7,20 +7,17 @@
 #include <utility>
 
 #include "app/settings/exit_states.h"
-#include "debugger/debugger.h"
 #include "debugger/window/debug_commands.h"
 #include "editor/window/list_watch.h"
 
 namespace zoka {
 
 TDebugLink::TDebugLink(QWidget* window, TEngineContext& context, TListDocument& document,
-                       TRunView& runView, TEditTxtView& edit, TDebugView& view,
-                       TDebugLinkCalls calls)
+                       TEditTxtView& edit, TDebugView& view, TDebugLinkCalls calls)
     : QObject(window),
       mWindow(window),
       mContext(context),
       mDocument(document),
-      mRunView(runView),
       mEdit(edit),
       mMarks(edit.BreakMarks()),
       mView(view),
@@ -53,14 +50,23 @@ int TDebugLink::LineOf(size_t item) const {
   return mMarks.Drift().Now(then);
 }
 
+void TDebugLink::SourceTaken() {
+  mMarks.Drift().Reset();
+  // A run that was not started by the command, or never got so far, is not to be stopped by it.
+  mRunTo = std::exchange(mAskedRunTo, -1);
+}
+
 void TDebugLink::DebuggerReady() {
+  const std::optional<size_t> runTo = ItemOf(std::exchange(mRunTo, -1));
+  if (runTo) mModel.RunToCursor(mModel.SrcLine(*runTo).line);
+  // By the preference the first line has its mark already. Programs stop there at the start
+  // whatever the rule of the margin's mark says, which counts from then on.
+  const bool stopsAtStart = mModel.SrcLine(0).breakPoint;
   for (const TBreakMarks::TMark& mark : mMarks.All()) {
     const std::optional<size_t> item = ItemOf(mark.line);
-    // A line that has its mark already is the first one, at which programs are to stop in any case.
-    if (item && !mModel.SrcLine(*item).breakPoint) mModel.SetBreakRule(*item, mark.rule);
+    if (item) mModel.SetBreakRule(*item, mark.rule);
   }
-  const std::optional<size_t> runTo = ItemOf(std::exchange(mRunTo, -1));
-  if (runTo) mRunView.Debugger()->BreakPoints().SetRunTo(mModel.SrcLine(*runTo).line);
+  if (stopsAtStart) mModel.RunToCursor(mModel.SrcLine(0).line);
 }
 
 void TDebugLink::BreakPointChanged(size_t item) {
@@ -118,13 +124,13 @@ void TDebugLink::RunToCursor() {
   if (!mModel.HasDebugger()) {
     HintOption();
     if (!mContext.exitStates->UDbg.load()) return;
-    mRunTo = CursorLine();
-    return mCalls.run();
+    mAskedRunTo = CursorLine();
+    mCalls.run();
+    mAskedRunTo = -1;
+    return;
   }
   const std::optional<size_t> item = ItemOf(CursorLine());
-  if (!item) return;
-  const int32_t line = mModel.SrcLine(*item).line;
-  if (!mModel.RunToCursor(line)) mRunView.Debugger()->BreakPoints().SetRunTo(line);
+  if (item) mModel.RunToCursor(mModel.SrcLine(*item).line);
 }
 
 bool TDebugLink::MessageReceived(const TMessage& message) {

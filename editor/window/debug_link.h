@@ -28,11 +28,11 @@ struct TDebugLinkCalls {
 class TDebugLink final : public QObject {
  public:
   /// Nothing is owned but the dialog; all outlives it. `window` holds the editor.
-  TDebugLink(QWidget* window, TEngineContext& context, TListDocument& document, TRunView& runView,
-             TEditTxtView& edit, TDebugView& view, TDebugLinkCalls calls);
+  TDebugLink(QWidget* window, TEngineContext& context, TListDocument& document, TEditTxtView& edit,
+             TDebugView& view, TDebugLinkCalls calls);
 
   /// The text to be compiled was taken from the editor just now.
-  void SourceTaken() { mMarks.Drift().Reset(); }
+  void SourceTaken();
   /// The debug window is to be seen.
   void ShowDebug() { mView.Appear(); }
   /// A debugged run is about to start; its model and machine are there.
@@ -64,14 +64,16 @@ class TDebugLink final : public QObject {
   QWidget* mWindow;
   TEngineContext& mContext;
   TListDocument& mDocument;
-  TRunView& mRunView;
   TEditTxtView& mEdit;
   TBreakMarks& mMarks;
   TDebugView& mView;
   TDebugModel& mModel;
   TDebugLinkCalls mCalls;
   bool mStands = false;  // as it was shown last
-  int mRunTo = -1;       // the editor's line to which the run that is about to begin goes
+  // The editor's line to which a run is to go: one that is asked for just now, and the one whose
+  // list is being compiled.
+  int mAskedRunTo = -1;
+  int mRunTo = -1;
   TBreakRuleDialog* mDialog;
 };
 

@@ -1,6 +1,6 @@
-// TEditReaders: whether readers of the screen follow the editor. The component tells them of every
-// change by the number of its character, which it counts from the start of the list each time, and
-// also when nobody listens: so it gets to know of readers only where there are any.
+// TEditReaders: whether readers of the screen follow the editor. The component's interface for them
+// counts the characters up to the cursor at each painting, also when nobody listens: so it is made
+// only where there are readers. For what is put in the component counts them in any case.
 #pragma once
 
 #include <Qsci/qsciscintilla.h>

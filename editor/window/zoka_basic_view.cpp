@@ -107,7 +107,7 @@ void TZokaBasicView::KeepUnsaved() {
 }
 
 void TZokaBasicView::SetDebugView(TDebugView& view) {
-  mDebugLink = new TDebugLink(this, mContext, mDocument, *mRunWindow.RunView(), *mEdit, view,
+  mDebugLink = new TDebugLink(this, mContext, mDocument, *mEdit, view,
                               {[this](const std::string& text) { SetStatBarStr(text); },
                                [this] { MessageReceived(TMessage("run")); }});
 }

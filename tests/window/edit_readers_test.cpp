@@ -1,5 +1,6 @@
-// What the editor does at each key does not grow with its list: characters are counted for readers
-// of the screen only where there are any, and partners of brackets are looked for in their line.
+// What the editor need not do at each key: an interface for readers of the screen, which counts the
+// characters of the list, is there only with readers, and partners of brackets are looked for in
+// their line.
 #include <QAccessible>
 
 #include "editor/window/list_watch.h"

@@ -37,6 +37,12 @@ TEST(ExpressionAt, NumbersTextsAndCommentsHaveNone) {
   EXPECT_EQ(expression_at("10 remark=1", 4), "remark");
 }
 
+TEST(ExpressionAt, NamesAreWordsOfTheLanguage) {
+  EXPECT_EQ(expression_at("10 A.B=_X+A%B*2", 5), "A.B");
+  EXPECT_EQ(expression_at("10 A.B=_X+A%B*2", 7), "_X");
+  EXPECT_EQ(expression_at("10 A.B=_X+A%B*2", 12), "A%B");
+}
+
 TEST(ExpressionAt, WhatIsNeverClosedIsNoSubscript) {
   EXPECT_EQ(expression_at("10 A(1", 3), "A");
   EXPECT_EQ(expression_at("10 A(\")\"", 3), "A");

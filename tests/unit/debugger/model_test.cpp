@@ -377,6 +377,64 @@ TEST(DebugExpression, Values) {
   for (const auto& [text, value] : rows) EXPECT_EQ(rig.model.ValueOf(text), value) << text;
 }
 
+// What a condition says is what the same text says in the program.
+TEST(DebugExpression, TypesAreThoseOfTheLanguage) {
+  TDebugRig rig("10 A=.1:B#=.1#:C%=2147483647:D%=1000000:E=1000000\n");
+  EXPECT_EQ(rig.NextStop(), ENDED);
+  const std::vector<std::pair<const char*, const char*>> rows = {
+      {"A=.1", "-1"},
+      {"A=.1#", "0"},
+      {"A=B#", "0"},
+      {"B#=.1#", "-1"},
+      {"B#=.1", "0"},
+      {"A+.2=.3", "-1"},
+      {"5%", "5"},
+      {"1.5%", "1"},
+      {"2!/4", "0.5"},
+      {"16777217!=16777216!", "-1"},
+      {"16777217=16777216", "0"},
+      // Integers wrap, and have all their digits.
+      {"C%+1", "-2147483648"},
+      {"-C%-1", "-2147483648"},
+      {"C%*2", "-2"},
+      {"9999999999", "2147483647"},
+      {"D%", "1000000"},
+      {"E", "1e+06"},
+      // Logical operators see 16 bits.
+      {"70000 AND 65535", "4464"},
+      {"NOT 65535", "0"},
+      {"0 IMP 0", "-1"},
+      {"6 EQV 3", "-6"},
+      {"1 EQV 0 IMP 0", "1"},
+      {"7 XOR 2 IMP 0", "-6"},
+      {"+\"x\"", "x"},
+  };
+  for (const auto& [text, value] : rows) EXPECT_EQ(rig.model.ValueOf(text), value) << text;
+}
+
+TEST(DebugExpression, NamesAreThoseOfTheLanguage) {
+  TDebugRig rig("10 A.B=1:_X=2:A%B=3:A$C%=4:N1=5:D@E$=\"f\"\n");
+  EXPECT_EQ(rig.NextStop(), ENDED);
+  const std::vector<std::pair<const char*, const char*>> rows = {
+      {"A.B", "1"},    {"_x", "2"},        {"A%B", "3"}, {"a%b!", "3"},
+      {"A$C%+1", "5"}, {"N1*A.B*2", "10"}, {"D@E", "f"},
+  };
+  for (const auto& [text, value] : rows) EXPECT_EQ(rig.model.ValueOf(text), value) << text;
+}
+
+// Only the sum of subscripts and strides counts, as it does for the program.
+TEST(DebugExpression, SubscriptsReachWhatTheProgramReaches) {
+  TDebugRig rig("10 DIM A(2,3):A(1,1)=7:B=A(0,5)\n20 END\n");
+  rig.BreakAt(20);
+  EXPECT_EQ(rig.NextStop(), 20);
+  EXPECT_EQ(rig.Value("B!"), "7");
+  EXPECT_EQ(rig.model.ValueOf("A(0,5)"), "7");
+  EXPECT_EQ(rig.model.ValueOf("A(2,-3)"), "7");
+  EXPECT_EQ(rig.model.ValueOf("A(2,3)"), "0");
+  EXPECT_EQ(rig.model.ValueOf("A(2,4)"), std::nullopt);
+  EXPECT_EQ(rig.model.ValueOf("A(0,-1)"), std::nullopt);
+}
+
 TEST(DebugExpression, NothingOfWhatIsNone) {
   TDebugRig rig("10 A=3:B$=\"xy\":DIM D(2)\n");
   EXPECT_EQ(rig.NextStop(), ENDED);

@@ -178,10 +178,10 @@ TEST(DebugSteps, CommandsDoNothingWhileTheProgramRuns) {
   EXPECT_TRUE(rig.AwaitReport("clnc 10"));
   EXPECT_FALSE(rig.model.Run());
   EXPECT_FALSE(rig.model.StepIn());
-  EXPECT_FALSE(rig.model.RunToCursor(10));
   EXPECT_FALSE(rig.model.EditVar(0, 0, "1"));
   rig.Kill();
   EXPECT_FALSE(rig.model.Stop());
+  EXPECT_FALSE(rig.model.RunToCursor(10));
   EXPECT_FALSE(rig.model.StepIn());
 }
 
@@ -296,6 +296,42 @@ TEST(DebugSteps, RunToCursorStopsThereOnce) {
   EXPECT_EQ(rig.Value("A!"), "1");
   rig.model.Run();
   EXPECT_EQ(rig.NextStop(), ENDED);
+}
+
+TEST(DebugSteps, RunToCursorReachesARunningProgram) {
+  TDebugRig rig("10 A=A+1\n20 GOTO 10\n");
+  rig.Start();
+  EXPECT_TRUE(rig.AwaitReport("clnc 20"));
+  EXPECT_TRUE(rig.model.RunToCursor(20));
+  EXPECT_EQ(rig.NextStop(), 20);
+}
+
+// A stop of another reason at a breakpoint's line is a pass of it all the same.
+TEST(DebugSteps, RunToCursorLeavesTheCountOfABreakpointAlone) {
+  TDebugRig rig(LOOP, true);
+  rig.model.SetBreakRule(1, {"", 3});
+  EXPECT_EQ(rig.NextStop(), 10);
+  rig.model.RunToCursor(20);
+  EXPECT_EQ(rig.NextStop(), 20);
+  EXPECT_EQ(rig.Value("I!"), "1");
+  rig.model.Run();
+  EXPECT_EQ(rig.NextStop(), 20);
+  EXPECT_EQ(rig.Value("I!"), "3");
+  // Nor does it mind a condition that does not hold.
+  rig.model.SetBreakRule(1, {"I=9", 1});
+  rig.model.RunToCursor(20);
+  EXPECT_EQ(rig.NextStop(), 20);
+  EXPECT_EQ(rig.Value("I!"), "4");
+  rig.model.Run();
+  EXPECT_EQ(rig.NextStop(), 20);
+  EXPECT_EQ(rig.Value("I!"), "9");
+}
+
+TEST(DebugSteps, AConditionMeansWhatItMeansToTheProgram) {
+  TDebugRig rig("10 X=0\n20 X=X+.1\n30 GOTO 20\n");
+  rig.model.SetBreakRule(2, {"X=.1", 1});
+  EXPECT_EQ(rig.NextStop(), 30);
+  EXPECT_EQ(rig.Value("X!"), "0.1");
 }
 
 TEST(DebugSteps, AnotherStopEndsTheRunToCursor) {
