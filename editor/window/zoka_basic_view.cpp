@@ -212,6 +212,9 @@ void TZokaBasicView::ForgetNextRun() {
 }
 
 void TZokaBasicView::RunNext() {
+  // The break key of the time between two runs reaches the machine of the first one only.
+  const TVMachine* const machine = mRunWindow.RunView()->VMachine();
+  if (machine != nullptr && machine->IsTerminated()) ForgetNextRun();
   // None is left where the user has run or killed something meanwhile.
   if (mNextRequest) mRequests.MessageReceived(*std::exchange(mNextRequest, std::nullopt));
 }

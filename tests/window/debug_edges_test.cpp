@@ -57,6 +57,7 @@ TEST_F(TDebugEdgesTest, ARunToCursorThatNeverBeganStopsNoOtherRun) {
 TEST_F(TDebugEdgesTest, TheDebugWindowRunsARunningProgramToItsCursorToo) {
   RunList("10 A=A+1\n20 GOTO 10\n");
   ASSERT_TRUE(Until([&] { return Model().CurLine() == 20; }));
+  DebugView().Refresh();  // before that there are no rows to choose from
   Source().SetCurrentRow(0);
   DebugKey(Qt::Key_F10, Qt::ControlModifier);
   ASSERT_TRUE(StandsAt(10));

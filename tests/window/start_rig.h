@@ -32,6 +32,8 @@ class TStartRig : public testing::Test {
     };
   }
 
+  ~TStartRig() override { End(); }
+
   void WriteSettings(const std::string& name, const std::string& bytes) {
     std::filesystem::create_directories(mFolder.Path("settings/ZokaBASIC"));
     mFolder.Write("settings/ZokaBASIC/" + name, bytes);
@@ -59,6 +61,8 @@ class TStartRig : public testing::Test {
   /// The regular end.
   void End() {
     mApp.reset();
+    // A splash window that has closed goes with the event loop, and still needs the engine.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     mEngine.reset();
   }
 
