@@ -19,13 +19,11 @@ constexpr int32_t KANJI_WEIGHT = 2;
 /// Bytes between two looks at whether to go on.
 constexpr int32_t LOOK_BYTES = 64 * 1024;
 
-thread_local TFileInputBounds gBounds;
-
 /// The bytes of a file, within the bounds of one statement.
 class TBoundedReader {
  public:
-  explicit TBoundedReader(TBasicFile& file)
-      : mFile(file), mRoom(gBounds.bytes), mReader(gBounds.reader) {}
+  TBoundedReader(TBasicFile& file, const TFileInputBounds& bounds)
+      : mFile(file), mRoom(bounds.bytes), mReader(bounds.reader) {}
 
   /// False at the end of the file, and when the reading is to end.
   bool ReadByte(char* byte) {
@@ -94,17 +92,10 @@ bool read_character(TBoundedReader& file, std::string* character) {
 
 }  // namespace
 
-TFileInputScope::TFileInputScope(const TFileInputBounds& bounds) {
-  gBounds = bounds;
-}
-
-TFileInputScope::~TFileInputScope() {
-  gBounds = {};
-}
-
-void InputFromFile(TBasicFile& file, int32_t count, std::list<std::string>* items, bool asLine) {
+void InputFromFile(TBasicFile& file, int32_t count, std::list<std::string>* items, bool asLine,
+                   const TFileInputBounds& bounds) {
   items->clear();
-  TBoundedReader reader(file);
+  TBoundedReader reader(file, bounds);
   for (int32_t i = 0; i < count; ++i) {
     std::string item;
     if (!read_item(reader, asLine, &item)) return;
@@ -112,8 +103,9 @@ void InputFromFile(TBasicFile& file, int32_t count, std::list<std::string>* item
   }
 }
 
-bool InputDlFromFile(TBasicFile& file, int32_t count, int32_t mode, std::string* text) {
-  TBoundedReader reader(file);
+bool InputDlFromFile(TBasicFile& file, int32_t count, int32_t mode, std::string* text,
+                     const TFileInputBounds& bounds) {
+  TBoundedReader reader(file, bounds);
   int64_t position = 0;
   bool wasKanji = false;
   bool counts = mode == COMPAT_DISK;

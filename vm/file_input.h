@@ -20,24 +20,16 @@ struct TFileInputBounds {
   const TThread* reader = nullptr;
 };
 
-/// Sets the bounds of all readings of this thread during its life; without one there are none. One
-/// at a time.
-class TFileInputScope {
- public:
-  explicit TFileInputScope(const TFileInputBounds& bounds);
-  ~TFileInputScope();
-  TFileInputScope(const TFileInputScope&) = delete;
-  TFileInputScope& operator=(const TFileInputScope&) = delete;
-};
-
 /// Reads up to `count` items. An item loses its leading blanks; one that begins with a quote goes
 /// to the next quote, commas and all. A blank, a comma, a semicolon, CR, LF or CR LF closes it;
 /// with `asLine` only the line ends do (but blanks and quotes in front go all the same; this is
 /// meant).
-void InputFromFile(TBasicFile& file, int32_t count, std::list<std::string>* items, bool asLine);
+void InputFromFile(TBasicFile& file, int32_t count, std::list<std::string>* items, bool asLine,
+                   const TFileInputBounds& bounds = {});
 
 /// Reads whole characters until they make `count` positions; `mode` is the compatibility mode.
 /// Returns false if the file ends before.
-bool InputDlFromFile(TBasicFile& file, int32_t count, int32_t mode, std::string* text);
+bool InputDlFromFile(TBasicFile& file, int32_t count, int32_t mode, std::string* text,
+                     const TFileInputBounds& bounds = {});
 
 }  // namespace zoka

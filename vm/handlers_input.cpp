@@ -43,8 +43,7 @@ TFileInputBounds bounds_of(const TVMachine& m) {
 void input_from_file(TVMachine& m, int32_t count, bool asLine) {
   TShelter saved = m.SheltVar(count);
   TZokaFile& file = open_numbered_file(m, m.PopInt());
-  const TFileInputScope scope(bounds_of(m));
-  const TItems items = m.mInputs->ReadItems(file, count, asLine);
+  const TItems items = m.mInputs->ReadItems(file, count, asLine, bounds_of(m));
   if (m.IsTerminated()) return;
   if (static_cast<int32_t>(items.size()) < count) {
     throw m.RuntimeException2("@Runtime_Err_Input_Past_End@");
@@ -105,8 +104,8 @@ void ExeBasicInputDl(TVMachine& m, const TVMCode* code) {
   }
   TZokaFile& file = open_numbered_file(m, m.PopInt());
   std::string text;
-  const TFileInputScope scope(bounds_of(m));
-  if (!m.mInputs->ReadCharacters(file, m.PopInt(), m.mRuntimeCompatiMode, &text) &&
+  const TFileInputBounds bounds = bounds_of(m);
+  if (!m.mInputs->ReadCharacters(file, m.PopInt(), m.mRuntimeCompatiMode, &text, bounds) &&
       !m.IsTerminated()) {
     throw m.RuntimeException2("@Runtime_Err_Input_Past_End@");
   }

@@ -36,14 +36,16 @@ bool TRunInputs::IsAtEnd(TZokaFile& file) {
   return file.Eof();
 }
 
-std::list<std::string> TRunInputs::ReadItems(TZokaFile& file, int32_t count, bool asLine) {
+std::list<std::string> TRunInputs::ReadItems(TZokaFile& file, int32_t count, bool asLine,
+                                             const TFileInputBounds& bounds) {
   std::list<std::string> items;
-  InputFromFile(file, count, &items, asLine);
+  InputFromFile(file, count, &items, asLine, bounds);
   return items;
 }
 
-bool TRunInputs::ReadCharacters(TZokaFile& file, int32_t count, int32_t mode, std::string* text) {
-  return InputDlFromFile(file, count, mode, text);
+bool TRunInputs::ReadCharacters(TZokaFile& file, int32_t count, int32_t mode, std::string* text,
+                                const TFileInputBounds& bounds) {
+  return InputDlFromFile(file, count, mode, text, bounds);
 }
 
 }  // namespace zoka

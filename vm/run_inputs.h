@@ -17,6 +17,7 @@ namespace zoka {
 
 class TInterruptPort;
 class TThread;
+struct TFileInputBounds;
 
 /// A place in a run, the same in every form of the program: how many jumps have been taken, and the
 /// code index of the instruction that comes next.
@@ -71,9 +72,11 @@ class TRunInputs {
   /// EOF.
   virtual bool IsAtEnd(TZokaFile& file);
   /// What INPUT# and LINE INPUT# take: InputFromFile.
-  virtual std::list<std::string> ReadItems(TZokaFile& file, int32_t count, bool asLine);
+  virtual std::list<std::string> ReadItems(TZokaFile& file, int32_t count, bool asLine,
+                                           const TFileInputBounds& bounds);
   /// What INPUT$ takes: InputDlFromFile.
-  virtual bool ReadCharacters(TZokaFile& file, int32_t count, int32_t mode, std::string* text);
+  virtual bool ReadCharacters(TZokaFile& file, int32_t count, int32_t mode, std::string* text,
+                              const TFileInputBounds& bounds);
 };
 
 }  // namespace zoka

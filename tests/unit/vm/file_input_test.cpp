@@ -130,9 +130,8 @@ TEST_F(FileInput, HalfACharacterAtTheEnd) {
 
 TEST_F(FileInput, ItemsMayHaveTheBytesThatMemoryAllows) {
   const auto items_within = [this](std::string_view bytes, int32_t count, int64_t room) {
-    const TFileInputScope scope({room});
     std::list<std::string> items;
-    InputFromFile(Open(bytes), count, &items, false);
+    InputFromFile(Open(bytes), count, &items, false, {room});
     return TItems(items.begin(), items.end());
   };
   EXPECT_EQ(items_within("abc,d", 1, 3), TItems{"abc"});
@@ -142,27 +141,24 @@ TEST_F(FileInput, ItemsMayHaveTheBytesThatMemoryAllows) {
   EXPECT_THROW(items_within("\"abcd\"", 1, 3), std::bad_alloc);
   EXPECT_THROW(items_within("ab,cd", 2, 3), std::bad_alloc);
   std::string text;
-  {
-    const TFileInputScope scope({3});
-    EXPECT_TRUE(InputDlFromFile(Open("abcd"), 3, COMPAT_DISK, &text));
-    EXPECT_THROW(InputDlFromFile(Open("abcd"), 4, COMPAT_DISK, &text), std::bad_alloc);
-  }
+  EXPECT_TRUE(InputDlFromFile(Open("abcd"), 3, COMPAT_DISK, &text, {3}));
+  EXPECT_THROW(InputDlFromFile(Open("abcd"), 4, COMPAT_DISK, &text, {3}), std::bad_alloc);
   EXPECT_TRUE(InputDlFromFile(Open("abcd"), 4, COMPAT_DISK, &text));
 }
 
 TEST_F(FileInput, ReadingEndsSoonAfterAStop) {
   TMachineRig rig;
   rig.Machine().Terminate();
-  const TFileInputScope scope({INT64_MAX, &rig.Machine()});
+  const TFileInputBounds bounds{INT64_MAX, &rig.Machine()};
   constexpr size_t LONG = 1 << 20;
   for (const char byte : {' ', 'x'}) {
     std::list<std::string> items;
-    InputFromFile(Open(std::string(LONG, byte)), 1, &items, true);
+    InputFromFile(Open(std::string(LONG, byte)), 1, &items, true, bounds);
     EXPECT_LE(file.Position(), 1 << 16) << byte;
   }
   std::string text;
   TBasicFile& bytes = Open(std::string(LONG, 'x'));
-  EXPECT_FALSE(InputDlFromFile(bytes, LONG, COMPAT_DISK, &text));
+  EXPECT_FALSE(InputDlFromFile(bytes, LONG, COMPAT_DISK, &text, bounds));
   EXPECT_LE(file.Position(), 1 << 16);
 }
 

@@ -38,10 +38,12 @@ class TOtherWorld final : public TTestInputs {
     files.Open(drives, "EMPTY", number, mode);
   }
   bool IsAtEnd(TZokaFile&) override { return false; }
-  std::list<std::string> ReadItems(TZokaFile&, int32_t count, bool asLine) override {
+  std::list<std::string> ReadItems(TZokaFile&, int32_t count, bool asLine,
+                                   const TFileInputBounds&) override {
     return std::list<std::string>(static_cast<size_t>(count), asLine ? "line" : "item");
   }
-  bool ReadCharacters(TZokaFile&, int32_t count, int32_t, std::string* text) override {
+  bool ReadCharacters(TZokaFile&, int32_t count, int32_t, std::string* text,
+                      const TFileInputBounds&) override {
     text->assign(static_cast<size_t>(count), 'x');
     return true;
   }
