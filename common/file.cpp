@@ -86,8 +86,7 @@ void TBasicFile::Unset() {
   mDescriptor = -1;
   mWrites.reset();
   mBuffer.reset();
-  mFilled = 0;
-  Seek(0);
+  StartBufferAt(0);
 }
 
 void TBasicFile::Seek(int64_t position) {
@@ -96,6 +95,10 @@ void TBasicFile::Seek(int64_t position) {
     mNext = static_cast<size_t>(position - mBufferStart);
     return;
   }
+  StartBufferAt(position);
+}
+
+void TBasicFile::StartBufferAt(int64_t position) {
   mBufferStart = position;
   mNext = 0;
   mFilled = 0;
@@ -103,9 +106,7 @@ void TBasicFile::Seek(int64_t position) {
 
 bool TBasicFile::Fill() {
   if (!mBuffer) mBuffer = std::make_unique<char[]>(BUFFER_BYTES);
-  const int64_t position = Position();
-  mFilled = 0;
-  Seek(position);
+  StartBufferAt(Position());
   mWritesSeen = mWrites->load(std::memory_order_acquire);
   ssize_t count = -1;
   do {
@@ -149,8 +150,7 @@ bool TBasicFile::Write(std::string_view bytes) {
     bytes.remove_prefix(static_cast<size_t>(count));
   }
   mWrites->fetch_add(1, std::memory_order_release);
-  mFilled = 0;
-  Seek(mAppends ? Size() : position);
+  StartBufferAt(mAppends ? Size() : position);
   return isWhole;
 }
 

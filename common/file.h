@@ -61,6 +61,8 @@ class TBasicFile {
   static std::shared_ptr<TWriteCount> SharedCount(dev_t device, ino_t inode);
 
   bool IsStale() const { return mWrites->load(std::memory_order_acquire) != mWritesSeen; }
+  /// Moves there with nothing in the buffer.
+  void StartBufferAt(int64_t position);
   bool ReadByteSlowly(char* byte);
   bool Fill();
   int64_t Size() const;
