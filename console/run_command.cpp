@@ -12,6 +12,7 @@
 #include "console/stdin_keys.h"
 #include "console/terminal.h"
 #include "console/watch.h"
+#include "editor/list_document.h"
 #include "run/key_feeder.h"
 #include "run/screen/png_file.h"
 #include "sound/play_outputs.h"
@@ -24,9 +25,6 @@ namespace {
 bool is_live(const TOptions& options) {
   return TTerminal::IsThere() && options.file != "-";
 }
-
-/// What a program waits for the next one that it has asked for; microseconds.
-constexpr bigtime_t NEXT_RUN_DELAY = 20'000;
 
 /// Keeps simulated time standing still, from its Resume to its destruction.
 class TStandstill final : public TThread {

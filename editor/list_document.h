@@ -12,6 +12,7 @@
 #include "common/context.h"
 #include "common/handler.h"
 #include "common/message.h"
+#include "common/types.h"
 #include "editor/encoding.h"
 #include "editor/format_source.h"
 #include "run/run_view.h"
@@ -44,6 +45,9 @@ class TStringText final : public TEditText {
  private:
   std::string mText;
 };
+
+/// Between a program's end and the run that it asked for; microseconds.
+constexpr bigtime_t NEXT_RUN_DELAY = 20'000;
 
 /// Answers to the question whether to save first.
 enum class TSaveAnswer : uint8_t { Cancel, No, Yes };

@@ -18,9 +18,7 @@
 namespace zoka {
 namespace {
 
-/// Between a program's end and the run that it asked for.
-constexpr int NEXT_RUN_MS = 20;
-/// Of the view to itself, when that time is over.
+/// Of the view to itself, when NEXT_RUN_DELAY is over.
 constexpr const char NEXT_RUN_CODE[] = "nxtr";
 constexpr int MS_PER_MINUTE = 60'000;
 constexpr int32_t YES_OF_TWO = 1;
@@ -81,7 +79,7 @@ TZokaBasicView::TZokaBasicView(TBasicWindow& window, TEngineContext& context,
   connect(&mAutoSaveTimer, &QTimer::timeout, this,
           [this] { mWindow.PostMessage(TMessage("asvr")); });
   mNextRun.setSingleShot(true);
-  mNextRun.setInterval(NEXT_RUN_MS);
+  mNextRun.setInterval(static_cast<int>(NEXT_RUN_DELAY / 1000));
   connect(&mNextRun, &QTimer::timeout, this,
           [this] { mWindow.PostMessage(TMessage(NEXT_RUN_CODE)); });
   mRunWindow.Host().SetRunEnded(
