@@ -56,7 +56,10 @@ TFindBar::TFindBar(QWidget* parent, const TEngineContext& context, TEditTxtView&
     hide();
     mEdit.setFocus();
   });
-  connect(mFind, &QLineEdit::textChanged, this, [this] { ShowCount(); });
+  connect(mFind, &QLineEdit::textChanged, this, [this] {
+    // What is typed is looked for at once, below, which shows the count as well.
+    if (!mFind->isModified()) ShowCount();
+  });
   connect(mFind, &QLineEdit::textEdited, this, [this] { FindTyped(); });
   for (QCheckBox* box : {mCase, mWord, mRegex}) {
     connect(box, &QCheckBox::toggled, this, [this] { ShowCount(); });
@@ -142,6 +145,7 @@ bool TFindBar::Find(bool forward) {
 
 void TFindBar::FindTyped() {
   const std::vector<TFound> all = All();
+  ShowFound(all);
   const auto ahead = std::find_if(all.begin(), all.end(),
                                   [this](const TFound& found) { return found.begin >= mOrigin; });
   if (ahead != all.end()) return Select(*ahead);
