@@ -26,10 +26,7 @@ void TFoundMarks::Show(std::vector<TFound> found) {
 
 void TFoundMarks::Update() {
   if (mFound.empty() && mBegin >= 0) return;
-  const long top = edit_call(mEdit, S::SCI_GETFIRSTVISIBLELINE);
-  const long rows = edit_call(mEdit, S::SCI_LINESONSCREEN) + 1;
-  const long first = edit_call(mEdit, S::SCI_DOCLINEFROMVISIBLE, top);
-  const long last = edit_call(mEdit, S::SCI_DOCLINEFROMVISIBLE, top + rows);
+  const auto [first, last] = visible_lines(mEdit);
   const int64_t begin = edit_call(mEdit, S::SCI_POSITIONFROMLINE, first);
   const int64_t end = edit_call(mEdit, S::SCI_GETLINEENDPOSITION, last);
   // A change paints again, and painting comes back here.

@@ -33,11 +33,9 @@ TJumpMarks::TJumpMarks(TEditTxtView& edit, const TListWatch& watch) : mEdit(edit
 }
 
 void TJumpMarks::Update() {
-  const long top = edit_call(mEdit, S::SCI_GETFIRSTVISIBLELINE);
-  const long first = edit_call(mEdit, S::SCI_DOCLINEFROMVISIBLE, top);
-  const long rows = edit_call(mEdit, S::SCI_LINESONSCREEN) + 1;
+  const auto [first, last] = visible_lines(mEdit);
   const auto count = static_cast<int64_t>(mWatch.Index().LineCount());
-  for (int64_t line = first; line < std::min<int64_t>(first + rows, count); ++line) {
+  for (int64_t line = first; line < std::min(last + 1, count); ++line) {
     UpdateLine(line);
   }
 }

@@ -23,6 +23,13 @@ int64_t position_of(const TEditTxtView& edit, const TListPlace& place) {
                            edit_call(edit, S::SCI_GETLINEENDPOSITION, line));
 }
 
+std::pair<int64_t, int64_t> visible_lines(const TEditTxtView& edit) {
+  const long top = edit_call(edit, S::SCI_GETFIRSTVISIBLELINE);
+  const long rows = edit_call(edit, S::SCI_LINESONSCREEN) + 1;
+  return {edit_call(edit, S::SCI_DOCLINEFROMVISIBLE, top),
+          edit_call(edit, S::SCI_DOCLINEFROMVISIBLE, top + rows)};
+}
+
 bool place_below(const TEditTxtView& edit, const QPoint& point, TListPlace* place) {
   const long position = edit_call(edit, S::SCI_POSITIONFROMPOINTCLOSE, point.x(), point.y());
   if (position < 0) return false;

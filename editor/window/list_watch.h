@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <functional>
+#include <utility>
 #include <vector>
 
 #include "editor/list_index.h"
@@ -49,6 +50,8 @@ struct TListPlace {
 /// The place of a byte of the text, and the byte of a place.
 TListPlace place_of(const TEditTxtView& edit, int64_t position);
 int64_t position_of(const TEditTxtView& edit, const TListPlace& place);
+/// The first and the last line of the text of which something may be on the screen.
+std::pair<int64_t, int64_t> visible_lines(const TEditTxtView& edit);
 /// The place below a point of the view; false if there is no text.
 bool place_below(const TEditTxtView& edit, const QPoint& point, TListPlace* place);
 
