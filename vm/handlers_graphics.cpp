@@ -307,7 +307,7 @@ void ExeBasicRoll(TVMachine& m, const TVMCode* code) {
   int32_t count = code->lval();
   bool fillsBack = count > 2 && m.PopInt() == 'Y';
   int32_t h = count > 1 && !drop_if_omitted(m) ? m.PopInt() : 0;
-  int32_t v = count > 0 && !drop_if_omitted(m) ? m.PopInt() : 0;
+  int32_t v = drop_if_omitted(m) ? 0 : m.PopInt();
   TGraphics(*m.mRsrc).Roll(v, h, fillsBack ? m.mRsrc->GrphBackColor() : int8_t{0});
   m.mRsrc->UpdateScreen();
 }
