@@ -85,8 +85,8 @@ class TGlyphCache::TFaces {
  public:
   TFaces(const std::string& family, int32_t em) : mEm(em) {
     if (FT_Init_FreeType(&mLibrary) != 0) return;
-    if (family != DEFAULT_RUN_FONT && !Add(family)) Add(DEFAULT_RUN_FONT);
-    if (family == DEFAULT_RUN_FONT) Add(family);
+    Add(family);
+    if (mFaces.empty()) Add(DEFAULT_RUN_FONT);
     Add(FALLBACK_RUN_FONT);
     Add(DEFAULT_RUN_FONT);
   }
@@ -119,19 +119,19 @@ class TGlyphCache::TFaces {
   }
 
  private:
-  bool Add(const std::string& family) {
+  /// Adds a font that is there and was not added before.
+  void Add(const std::string& family) {
     TFontFile file;
     FT_Face face = nullptr;
-    if (!find_font(family, mEm, &file)) return false;
-    if (std::find(mPaths.begin(), mPaths.end(), file.path) != mPaths.end()) return true;
-    if (FT_New_Face(mLibrary, file.path.c_str(), file.index, &face) != 0) return false;
+    if (!find_font(family, mEm, &file)) return;
+    if (std::find(mPaths.begin(), mPaths.end(), file.path) != mPaths.end()) return;
+    if (FT_New_Face(mLibrary, file.path.c_str(), file.index, &face) != 0) return;
     if (FT_Set_Pixel_Sizes(face, 0, static_cast<FT_UInt>(mEm)) != 0) {
       FT_Done_Face(face);
-      return false;
+      return;
     }
     mFaces.push_back(face);
     mPaths.push_back(file.path);
-    return true;
   }
 
   static bool Render(FT_Face face, char32_t code) {
