@@ -56,6 +56,15 @@ TEST_F(TKeysTest, OnlyTheFirstByteIsTranslated) {
   EXPECT_EQ(Look(), "\x0C\x01");
 }
 
+TEST_F(TKeysTest, AKeyHasTheBytesThatItWasGiven) {
+  for (const int32_t numBytes : {0, -1}) {
+    EXPECT_TRUE(rsrc.PushToKeyBuf("xyz", numBytes));
+    EXPECT_TRUE(rsrc.PushToKeyBuf("xyz", 2));
+    EXPECT_EQ(Look(), "") << numBytes;
+    EXPECT_EQ(Look(), "xy") << numBytes;
+  }
+}
+
 TEST_F(TKeysTest, TheSeventeenthKeyIsLost) {
   for (int i = 0; i < 16; ++i) {
     const char key = static_cast<char>('a' + i);
