@@ -15,6 +15,15 @@ namespace {
 /// More fields that a record does not know are not kept: no version ever wrote so many.
 constexpr size_t MAX_UNKNOWN_FIELDS = 1000;
 
+/// Where the next damaged file of that path goes.
+std::string set_aside_path(const std::string& path) {
+  std::string aside = path + SET_ASIDE_EXT;
+  for (int32_t i = 2; i <= MAX_SET_ASIDE && access(aside.c_str(), F_OK) == 0; ++i) {
+    aside = path + SET_ASIDE_EXT + std::to_string(i);
+  }
+  return aside;
+}
+
 }  // namespace
 
 int32_t TArchivable::Save(const std::string& path) const {
@@ -75,7 +84,7 @@ void set_aside_if_damaged(const TSettingsPlace& place, const std::string& path) 
   const bool tooLarge = static_cast<uint64_t>(info.st_size) > MAX_SETTINGS_BYTES;
   if (!tooLarge && (!read_file_whole(path, MAX_SETTINGS_BYTES, &bytes) || message.Unflatten(bytes)))
     return;
-  if (rename(path.c_str(), (path + SET_ASIDE_EXT).c_str()) == 0) ++*place.damaged;
+  if (rename(path.c_str(), set_aside_path(path).c_str()) == 0) ++*place.damaged;
 }
 
 }  // namespace zoka

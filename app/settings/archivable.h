@@ -12,7 +12,7 @@
 namespace zoka {
 
 /// A settings file larger than this is none.
-constexpr size_t MAX_SETTINGS_BYTES = 16u << 20;
+constexpr size_t MAX_SETTINGS_BYTES = 1u << 20;
 
 /// Base of records. A missing or wrongly typed field keeps its default, and fields that the record
 /// does not know come back when it is saved, so that files of other versions keep what they hold.
@@ -38,8 +38,10 @@ class TArchivable {
 };
 
 /// A settings file that cannot be read as a record is set aside under its name with this behind it,
-/// so that nothing overwrites what it may still hold.
+/// so that nothing overwrites what it may still hold. The second one gets a "2" behind that, and so
+/// on; beyond this count the newest replaces the one before.
 constexpr const char SET_ASIDE_EXT[] = ".damaged";
+constexpr int32_t MAX_SET_ASIDE = 9;
 
 /// Sets the file aside if it is no message, and counts it among the damaged ones of the place. An
 /// empty file is as good as none and stays. Nothing happens in a place that is read only.

@@ -311,6 +311,23 @@ TEST_F(PrefsEdit, DamagedFilesAreSetAsideAndCountedOnce) {
   EXPECT_EQ(*place.damaged, 1);
 }
 
+TEST_F(PrefsEdit, ADamagedFileDoesNotReplaceTheOneBefore) {
+  const std::string path = "ZokaBASIC/ZokaBASIC_Prefs.arc";
+  folder.MakeFolder("ZokaBASIC");
+  for (int i = 1; i <= MAX_SET_ASIDE + 1; ++i) {
+    folder.Write(path, "nonsense " + std::to_string(i));
+    EXPECT_EQ(prefs.LoadFromFile(), -1);
+    EXPECT_EQ(*place.damaged, i);
+  }
+  EXPECT_EQ(folder.Read(path + ".damaged"), "nonsense 1");
+  for (int i = 2; i < MAX_SET_ASIDE; ++i) {
+    const std::string number = std::to_string(i);
+    EXPECT_EQ(folder.Read(path + ".damaged" + number), "nonsense " + number);
+  }
+  // There is an end to it: the last name is used again.
+  EXPECT_EQ(folder.Read(path + ".damaged9"), "nonsense 10");
+}
+
 TEST_F(PrefsEdit, NothingIsSetAsideWhereNothingMayBeWritten) {
   place.readOnly = true;
   folder.MakeFolder("ZokaBASIC");
