@@ -219,6 +219,24 @@ TEST_F(TPagesTest, PrintMarksFromTheOldCursorToTheNew) {
   EXPECT_EQ(rsrc.TakeModifiedRect(), (TRect{16, 16, 48, 32}));
 }
 
+TEST_F(TPagesTest, WhatChangesTextMarksThatAndNoMore) {
+  rsrc.SetCursorPos(80);
+  rsrc.Print("ABCD");
+  rsrc.TakeModifiedRect();
+  rsrc.SlideTxtToLeft(82);
+  EXPECT_EQ(rsrc.TakeModifiedRect(), (TRect{8, 16, 32, 32}));
+  rsrc.ClearTxtBuf(2, 4);
+  EXPECT_EQ(rsrc.TakeModifiedRect(), (TRect{0, 32, 640, 64}));
+  rsrc.SetTxtAttr(3, 5, 9, 6, 1);
+  EXPECT_EQ(rsrc.TakeModifiedRect(), (TRect{0, 80, 640, 112}));
+  rsrc.SetCellAttr(82, 1);
+  EXPECT_EQ(rsrc.TakeModifiedRect(), (TRect{16, 16, 24, 32}));
+  rsrc.SetConsole(2, 4);
+  rsrc.TakeModifiedRect();
+  rsrc.ScrollTxt2(1);
+  EXPECT_EQ(rsrc.TakeModifiedRect(), (TRect{0, 32, 640, 96}));
+}
+
 TEST_F(TPagesTest, HidingTheCursorMarksItsCell) {
   rsrc.SetCursorPos(81);
   rsrc.SetCursorShown(true);
