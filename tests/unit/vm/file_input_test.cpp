@@ -153,8 +153,10 @@ TEST_F(FileInput, ReadingEndsSoonAfterAStop) {
   constexpr size_t LONG = 1 << 20;
   for (const char byte : {' ', 'x'}) {
     std::list<std::string> items;
-    InputFromFile(Open(std::string(LONG, byte)), 1, &items, true, bounds);
+    InputFromFile(Open(std::string(LONG, byte)), 9, &items, true, bounds);
     EXPECT_LE(file.Position(), 1 << 16) << byte;
+    // Once it has ended nothing more is read.
+    EXPECT_EQ(items.size(), byte == 'x' ? 1u : 0u);
   }
   std::string text;
   TBasicFile& bytes = Open(std::string(LONG, 'x'));
