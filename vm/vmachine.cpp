@@ -26,9 +26,8 @@ TVMachine::TVMachine(const char* name, const TMachineParts& parts)
       mPort(std::make_shared<TInterruptPort>()),
       mPlain(parts.plain),
       mCodeBase(parts.midCode->mCodes.data()) {
-  const size_t count = mMidCode->mCodes.size();
   // Zeroed memory that the host hands out when it is touched: most instructions look nothing up.
-  mLookups.reset(static_cast<TLookup*>(std::calloc(count + 1, sizeof(TLookup))));
+  mLookups.reset(static_cast<TLookup*>(std::calloc(mMidCode->mCodes.size(), sizeof(TLookup))));
   if (!mLookups) throw std::bad_alloc();
   mPC = mCodeBase + 1;
   mDataPos = mPC;
