@@ -205,8 +205,7 @@ void roll_vertically(TGrphPage& page, const TPen& fill, int32_t v) {
   shift_rows(page.IndexRow(0), v);
   shift_rows(page.RealRow(0), v);
   const int32_t first = v > 0 ? SCREEN_HEIGHT - v : 0;
-  const int32_t last = v > 0 ? SCREEN_HEIGHT - 1 : -v - 1;
-  fill_rect(page, fill, {0, first, SCREEN_WIDTH - 1, last});
+  fill_rect(page, fill, {0, first, SCREEN_WIDTH - 1, first + std::abs(v) - 1});
 }
 
 void roll_horizontally(TGrphPage& page, const TPen& fill, int32_t h) {
@@ -215,8 +214,7 @@ void roll_horizontally(TGrphPage& page, const TPen& fill, int32_t h) {
     shift_columns(page.RealRow(y), h);
   }
   const int32_t first = h > 0 ? SCREEN_WIDTH - h : 0;
-  const int32_t last = h > 0 ? SCREEN_WIDTH - 1 : -h - 1;
-  fill_rect(page, fill, {first, 0, last, SCREEN_HEIGHT - 1});
+  fill_rect(page, fill, {first, 0, first + std::abs(h) - 1, SCREEN_HEIGHT - 1});
 }
 
 }  // namespace

@@ -36,13 +36,13 @@ void TBasicRsrc::MarkAll() {
 }
 
 void TBasicRsrc::MarkTxt(int32_t from, int32_t to) {
-  if (from > to) std::swap(from, to);
-  const int32_t firstRow = from / txtCols;
-  const int32_t lastRow = to / txtCols;
+  const auto [first, last] = std::minmax(from, to);
+  const int32_t firstRow = first / txtCols;
+  const int32_t lastRow = last / txtCols;
   TRect r{0, firstRow * cellHeight, SCREEN_WIDTH, (lastRow + 1) * cellHeight};
   if (firstRow == lastRow) {
-    r.left = from % txtCols * cellWidth;
-    r.right = (to % txtCols + 1) * cellWidth;
+    r.left = first % txtCols * cellWidth;
+    r.right = (last % txtCols + 1) * cellWidth;
   }
   MarkKernel(r);
 }
