@@ -14,7 +14,7 @@ constexpr const char DEFAULT_DATA_FOLDERS[] = "/usr/local/share:/usr/share";
 
 /// The folder that the variable names, else `below` the user's home; empty without a home.
 QString user_folder(const char* variable, const char* below) {
-  const QString named = qEnvironmentVariable(variable);
+  QString named = qEnvironmentVariable(variable);
   if (QDir::isAbsolutePath(named)) return named;
   const QString home = qEnvironmentVariable("HOME");
   return QDir::isAbsolutePath(home) ? home + below : QString();

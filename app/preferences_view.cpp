@@ -7,6 +7,7 @@
 #include "app/font_families.h"
 #include "app/settings/prefs_choices.h"
 #include "common/window/menu_label.h"
+#include "sound/synth_consumer.h"
 
 namespace zoka {
 namespace {
@@ -107,11 +108,10 @@ void TPrefsView::NumberTyped(TPrefsNumber number, const QString& text) {
 void TPrefsView::RecreateMenuMidiOut() {
   mMidiMenu->clear();
   for (const auto& consumer : mRoster.Consumers()) {
-    const std::string name = consumer->Name();
     const int32_t id = consumer->ID();
-    QAction* const item = mMidiMenu->addAction(plain_label(name));
+    QAction* const item = mMidiMenu->addAction(QString());
     item->setCheckable(true);
-    item->setData(QString::fromStdString(name));
+    item->setData(QString::fromStdString(consumer->Name()));
     connect(item, &QAction::triggered, this, [this, id] { MFieldMidiOutChanged(id); });
   }
   UpdateMenuMidiOut();
@@ -121,8 +121,10 @@ void TPrefsView::UpdateMenuMidiOut() {
   QStringList connected;
   for (QAction* item : mMidiMenu->actions()) {
     const QString name = item->data().toString();
+    const QString shown = name == BUILT_IN_SYNTH_NAME ? Text("Built-in Synthesizer") : name;
+    item->setText(plain_label(shown.toStdString()));
     item->setChecked(mEdit.IsMidiOutWanted(name.toStdString()));
-    if (item->isChecked()) connected << name;
+    if (item->isChecked()) connected << shown;
   }
   const QString names = connected.join(", ");
   const QString shown = mMidiOut->fontMetrics().elidedText(names, Qt::ElideRight, MIDI_NAME_WIDTH);

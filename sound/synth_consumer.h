@@ -21,7 +21,7 @@
 namespace zoka {
 
 /// The name of the built-in synthesiser among the MIDI outputs. It is stored in the preferences and
-/// so is the same in every language.
+/// so is the same in every language; what is shown for it is looked up.
 constexpr char BUILT_IN_SYNTH_NAME[] = "Built-in Synthesizer";
 
 /// Events that wait for their time, by time and then by arrival. Any thread.

@@ -218,6 +218,9 @@ TEST_F(TPreferencesTest, LanguageReachesTheOpenDialog) {
   EXPECT_EQ(Find<QTabWidget>("TabView").tabText(0), "フォント");
   EXPECT_EQ(Find<QCheckBox>("cwwc").text(), "編集ウィンドウで行を折り返す(&W)");
   EXPECT_EQ(Find<QComboBox>("MFieldCompatiMode").itemText(0), "自動判別");
+  const auto& outputs = Find<QPushButton>("MFieldMidiOut");
+  EXPECT_EQ(outputs.text(), "内蔵シンセサイザー");
+  EXPECT_EQ(outputs.menu()->actions()[0]->text(), "内蔵シンセサイザー");
   mApp->SetLanguage(TLanguage::English);
   EXPECT_TRUE(Until([this] { return Dialog().windowTitle() == "Preferences"; }));
 }
