@@ -60,7 +60,7 @@ std::string place_of(std::string path) {
 
 bool lies_below(const std::string& place, const std::string& folder) {
   if (folder == "/") return true;
-  return place.size() > folder.size() && place.starts_with(folder) && place[folder.size()] == '/';
+  return place.starts_with(folder + "/");
 }
 
 /// A missing folder on the way is left to the one that opens; what else has no place is refused.
