@@ -10,7 +10,7 @@ namespace zoka {
 
 QString present_fixed_family(const std::string& family) {
   for (const std::string& name : {family, std::string(DEFAULT_EDIT_FONT)}) {
-    const QString wanted = QString::fromStdString(name);
+    QString wanted = QString::fromStdString(name);
     if (QFontDatabase::hasFamily(wanted)) return wanted;
   }
   return QFontInfo(QFontDatabase::systemFont(QFontDatabase::FixedFont)).family();
