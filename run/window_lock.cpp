@@ -11,7 +11,7 @@ bool TWindowLock::LockFor(bigtime_t limit) {
   if (mDepth == 0 || mHolder != self) {
     const bigtime_t deadline = add_times(host_time(), limit);
     while (mDepth != 0) {
-      if (!host_wait(lock, mFreed, mFree, deadline) && mDepth != 0) return false;
+      if (!host_wait(lock, mFreed, mFree, deadline)) return false;
     }
     mHolder = self;
   }
