@@ -394,6 +394,7 @@ int32_t peek(int32_t segment, int32_t address, int32_t connections) {
 TEST(Memory, OneByteTellsOfTheSoundBoard) {
   EXPECT_EQ(peek(0xA000, 0x3FEE, 1), 8);
   EXPECT_EQ(peek(0xA3FE, 0xE, 3), 8);
+  EXPECT_EQ(peek(0, 0xA3FEE, 1), 8);
   EXPECT_EQ(peek(0xA000, 0x3FEE, 0), 0);
   EXPECT_EQ(peek(0xA000, 0x3FEF, 1), 0);
   EXPECT_EQ(peek(INT32_MAX, 0x3FEE, 1), 0);
