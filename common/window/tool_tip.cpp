@@ -21,9 +21,9 @@ int64_t host_now() {
 
 }  // namespace
 
-QPointer<QLabel> TToolTip::smOpen;
-std::function<int64_t()> TToolTip::smNow = host_now;
-std::optional<int64_t> TToolTip::smLastHideTime;
+QPointer<QLabel> TToolTip::gOpen;
+std::function<int64_t()> TToolTip::gNow = host_now;
+std::optional<int64_t> TToolTip::gLastHideTime;
 
 TToolTip::TToolTip(QWidget* owner)
     : QObject(owner), mOwner(owner), mShow(new QTimer(this)), mHide(new QTimer(this)) {
@@ -38,12 +38,12 @@ TToolTip::~TToolTip() {
 }
 
 QLabel* TToolTip::OpenWindow() {
-  return smOpen;
+  return gOpen;
 }
 
 void TToolTip::SetNow(std::function<int64_t()> now) {
-  smNow = now ? std::move(now) : host_now;
-  smLastHideTime.reset();
+  gNow = now ? std::move(now) : host_now;
+  gLastHideTime.reset();
 }
 
 bool TToolTip::eventFilter(QObject* object, QEvent* event) {
@@ -65,8 +65,8 @@ bool TToolTip::eventFilter(QObject* object, QEvent* event) {
 }
 
 void TToolTip::MouseEntered() {
-  const bool again = smLastHideTime && smNow() - *smLastHideTime < TOOL_TIP_AGAIN_MS;
-  if (smOpen || again) return Show();
+  const bool again = gLastHideTime && gNow() - *gLastHideTime < TOOL_TIP_AGAIN_MS;
+  if (gOpen || again) return Show();
   mShow->start(TOOL_TIP_SHOW_MS);
 }
 
@@ -78,9 +78,9 @@ void TToolTip::MouseExited() {
 void TToolTip::Show() {
   mShow->stop();
   if (mOwner->toolTip().isEmpty() || mWindow) return;
-  delete smOpen;
+  delete gOpen;
   mWindow = new QLabel(mOwner->toolTip(), mOwner, Qt::ToolTip);
-  smOpen = mWindow;
+  gOpen = mWindow;
   mWindow->setObjectName(TOOL_TIP_WINDOW + mOwner->objectName());
   mWindow->setTextFormat(Qt::PlainText);
   mWindow->setMargin(MARGIN);
@@ -102,7 +102,7 @@ void TToolTip::Hide() {
   mHide->stop();
   if (!mWindow) return;
   delete mWindow;
-  smLastHideTime = smNow();
+  gLastHideTime = gNow();
 }
 
 }  // namespace zoka

@@ -40,9 +40,9 @@ class TToolTip final : public QObject {
   void Show();
   void Hide();
 
-  static QPointer<QLabel> smOpen;
-  static std::function<int64_t()> smNow;
-  static std::optional<int64_t> smLastHideTime;
+  static QPointer<QLabel> gOpen;
+  static std::function<int64_t()> gNow;
+  static std::optional<int64_t> gLastHideTime;
 
   QWidget* mOwner;
   QTimer* mShow;

@@ -122,17 +122,17 @@ int TBreakMarks::StopLine() const {
 
 void TBreakMarks::LinesDeleted(int position, int length) {
   // A line that goes takes its mark along, which would pass to its neighbour.
-  const auto line_of = [this](int at) {
+  const auto lineOf = [this](int at) {
     return static_cast<int>(
         mEdit.SendScintilla(QsciScintilla::SCI_LINEFROMPOSITION, static_cast<unsigned long>(at)));
   };
-  const auto start_of = [this](int line) {
+  const auto startOf = [this](int line) {
     return static_cast<int>(
         mEdit.SendScintilla(QsciScintilla::SCI_POSITIONFROMLINE, static_cast<unsigned long>(line)));
   };
-  const int last = line_of(position + length);
-  int line = line_of(position);
-  if (start_of(line) != position) ++line;
+  const int last = lineOf(position + length);
+  int line = lineOf(position);
+  if (startOf(line) != position) ++line;
   for (; line < last; ++line) {
     if (Has(line)) Remove(line);
   }
