@@ -114,8 +114,7 @@ std::vector<TFolderEntry> list_folder(const std::string& path) {
     const std::string_view name = entry->d_name;
     if (name != "." && name != "..") entries.push_back({std::string(name), 0});
   }
-  std::sort(entries.begin(), entries.end(),
-            [](const TFolderEntry& a, const TFolderEntry& b) { return a.name < b.name; });
+  std::ranges::sort(entries, {}, &TFolderEntry::name);
   for (TFolderEntry& entry : entries) {
     struct stat status;
     const bool known = fstatat(dirfd(folder.get()), entry.name.c_str(), &status, 0) == 0;
