@@ -12,7 +12,7 @@ endif()
 
 # Results must not depend on the machine's fused operations, nor on a folder's name.
 add_compile_options(-ffp-contract=off -ffile-prefix-map=${CMAKE_SOURCE_DIR}/=)
-set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g1 -DZOKA_DEBUG=1")
+set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g1 -DZOKA_DEBUG=1 -D_GLIBCXX_ASSERTIONS")
 set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
 
 set(ZOKA_SANITIZE "" CACHE STRING "Sanitizers, as for -fsanitize=")
