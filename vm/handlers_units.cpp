@@ -15,14 +15,10 @@ void end_unit(TVMachine& m, const TVMCode* code, int length) {
   m.mPC = code + length - 1;
 }
 
-/// Runs the instructions of a unit themselves.
-[[gnu::noinline, gnu::cold]] void run_singly(TVMachine& m, const TVMCode* code, int length) {
-  const TVMHandler* table = vm_handler_table();
-  const TVMCode* original = m.mMidCode->mCodes.data() + m.PCIndex();
-  for (int i = 0; i < length; ++i) {
-    m.mPC = code + i;
-    table[static_cast<uint16_t>(original[i].Number())](m, code + i);
-  }
+/// Runs the first instruction of a unit itself; the machine goes on with the others as with any.
+[[gnu::noinline, gnu::cold]] void run_singly(TVMachine& m, const TVMCode* code) {
+  const TVMCode& original = m.mMidCode->mCodes[static_cast<size_t>(m.PCIndex())];
+  vm_handler_table()[static_cast<uint16_t>(original.Number())](m, code);
 }
 
 void load_plain(TVMachine& m, const TVMCode* code) {
@@ -72,7 +68,7 @@ void test_for(TVMachine& m, const TVMCode* code) {
   const TValueStack& stack = m.mStack;
   if (!stack.HasPlain(4) || !is_number(stack.Top(0).kind) || !is_number(stack.Top(1).kind) ||
       !is_number(stack.Top(2).kind)) [[unlikely]]
-    return run_singly(m, code, 2);
+    return run_singly(m, code);
   const int32_t flag =
       for_flag(stack_double(stack.Top(2)), stack_double(stack.Top(1)), stack_double(stack.Top(0)));
   branch_on(m, code, flag != 0, 3);
@@ -83,7 +79,7 @@ void branch(TVMachine& m, const TVMCode* code) {
   const TValueStack& stack = m.mStack;
   if (!stack.HasPlain(3) || !is_number(stack.Top(0).kind) || !is_number(stack.Top(1).kind))
       [[unlikely]]
-    return run_singly(m, code, 2);
+    return run_singly(m, code);
   const T right = value_as<T>(stack.Top(0));
   const T left = value_as<T>(stack.Top(1));
   branch_on(m, code, TRelation{}(left, right), 2);
@@ -119,7 +115,7 @@ template <typename T, typename TOperator>
 void constant_operand(TVMachine& m, const TVMCode* code) {
   TValueStack& stack = m.mStack;
   if (!stack.HasPlain() || !is_number(stack.Top().kind)) [[unlikely]]
-    return run_singly(m, code, 2);
+    return run_singly(m, code);
   const T left = value_as<T>(stack.Top());
   stack.Top().SetNumber(TOperator::Of(left, static_cast<T>(code->lval())));
   end_unit(m, code, 2);
@@ -129,7 +125,7 @@ template <typename T, typename TOperator>
 void variable_operand(TVMachine& m, const TVMCode* code) {
   TValueStack& stack = m.mStack;
   if (!stack.HasPlain() || !is_number(stack.Top().kind)) [[unlikely]]
-    return run_singly(m, code, 3);
+    return run_singly(m, code);
   const T left = value_as<T>(stack.Top());
   stack.Top().SetNumber(TOperator::Of(left, plain_as<T>(code[1].varInfo())));
   end_unit(m, code, 3);
