@@ -26,6 +26,43 @@ TEST(Units, AnAdditionOfAConstantIsOne) {
   EXPECT_EQ(codes[7].Cmd(), BAssignArray);
 }
 
+/// Each unit as far as it reaches; what its operands are does not matter.
+struct TUnitProgram {
+  TUnit unit;
+  void (*append)(TMachineRig&);
+};
+const TUnitProgram PROGRAMS[] = {
+    {TUnit::LoadPlain, [](TMachineRig& rig) { rig.Load("A%"); }},
+    {TUnit::LoadText, [](TMachineRig& rig) { rig.Load("A$"); }},
+    {TUnit::PlaceOfPlain, [](TMachineRig& rig) { rig.Ref("A%"); }},
+    {TUnit::Jump, [](TMachineRig& rig) { rig.Text("@L").Op(BJmp); }},
+    {TUnit::Call, [](TMachineRig& rig) { rig.Text("@L").Op(BCall); }},
+    {TUnit::TestFor, [](TMachineRig& rig) { rig.Op(BCmpFor).Op(BFJmp); }},
+    {TUnit::ForToConstant,
+     [](TMachineRig& rig) { rig.Text("@L").Load("I%").Int(9).Int(1).Op(BCmpFor).Op(BFJmp); }},
+    {TUnit::ForToVariable,
+     [](TMachineRig& rig) { rig.Text("@L").Load("I%").Load("L%").Int(1).Op(BCmpFor).Op(BFJmp); }},
+    {TUnit::AddConstant,
+     [](TMachineRig& rig) { rig.Ref("A%").Load("A%").Int(7).Op(BAddInt).Assign(); }},
+    {TUnit::ConstantOperand, [](TMachineRig& rig) { rig.Int(7).Op(BAddInt); }},
+    {TUnit::VariableOperand, [](TMachineRig& rig) { rig.Load("A%").Op(BAddInt); }},
+    {TUnit::Branch, [](TMachineRig& rig) { rig.Op(BEqualInt).Op(BFJmp); }},
+};
+
+TEST(Units, ReachUpToTheNextStatementAndNoFarther) {
+  for (const TUnitProgram& program : PROGRAMS) {
+    TMachineRig whole;
+    program.append(whole);
+    whole.Line(20).Op(BExit);
+    EXPECT_EQ(code_with_units(whole.code)[1].Number(), number(program.unit));
+    TMachineRig cut;
+    program.append(cut);
+    cut.code.AddStatementBegin(cut.Next() - 1);
+    cut.Line(20).Op(BExit);
+    EXPECT_NE(code_with_units(cut.code)[1].Number(), number(program.unit));
+  }
+}
+
 TEST(Units, EndWhereAStatementBegins) {
   TMachineRig rig;
   rig.Int(-1);
@@ -74,6 +111,16 @@ TEST(Units, AnOperandThatIsNoNumberReadsAsZero) {
   EXPECT_EQ(values[0].lval, -3);
   EXPECT_EQ(values[1].lval, 5);
   EXPECT_EQ(values[2].lval, 1) << "0 = 0, so no jump, but one over the 2";
+}
+
+TEST(Units, ALimitThatIsNoNumberReadsAsZero) {
+  for (const int32_t current : {-5, 5}) {
+    TMachineRig rig;
+    rig.Let("I%", current).Text("@OUT").Load("I%").Text("text").Int(1).Op(BCmpFor).Op(BFJmp);
+    rig.Int(2).Int(3).Label("@OUT").Int(4);
+    EXPECT_EQ(rig.Run(), 0);
+    EXPECT_EQ(rig.Values().size(), current < 0 ? 3u : 1u) << current;
+  }
 }
 
 /// Rounds of FOR I% = `from` with that limit and step, the limit a constant or the variable L%.
