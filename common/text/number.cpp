@@ -20,29 +20,10 @@ bool take_sign(std::string_view* text) {
   return negative;
 }
 
-size_t count_digits(std::string_view text, size_t begin) {
-  size_t end = begin;
-  while (end < text.size() && is_digit(text[end])) ++end;
-  return end - begin;
-}
-
-/// Length of the number that `text` begins with; 0 if it begins with none.
-size_t decimal_length(std::string_view text) {
-  size_t digits = count_digits(text, 0);
-  size_t length = digits;
-  if (length < text.size() && text[length] == '.') {
-    const size_t fraction = count_digits(text, length + 1);
-    digits += fraction;
-    length += 1 + fraction;
-  }
-  if (digits == 0) return 0;
-  if (length < text.size() && (text[length] == 'E' || text[length] == 'e')) {
-    size_t begin = length + 1;
-    if (begin < text.size() && (text[begin] == '-' || text[begin] == '+')) ++begin;
-    const size_t exponent = count_digits(text, begin);
-    if (exponent > 0) length = begin + exponent;
-  }
-  return length;
+/// Whether a number without a sign stands at the front.
+bool begins_with_number(std::string_view text) {
+  if (text.starts_with('.')) text.remove_prefix(1);
+  return !text.empty() && is_digit(text.front());
 }
 
 /// Whether a number that fits no double is too great rather than too small.
@@ -52,7 +33,7 @@ bool is_huge(std::string_view number) {
   const size_t point = std::min(mantissa.find('.'), mantissa.size());
   const size_t first = std::min(mantissa.find_first_of("123456789"), mantissa.size());
   const auto places = static_cast<int64_t>(point) - static_cast<int64_t>(first);
-  const int64_t exponent = mark < number.size() ? parse_long(number.substr(mark + 1)) : 0;
+  const int64_t exponent = parse_long(number.substr(std::min(mark + 1, number.size())));
   return places + exponent > 0;
 }
 
@@ -83,11 +64,12 @@ int32_t parse_long(std::string_view text) {
 
 double parse_double(std::string_view text) {
   const bool negative = take_sign(&text);
-  const std::string_view number = text.substr(0, decimal_length(text));
-  if (number.empty()) return 0;  // not even a sign counts without a digit
+  // Not even a sign counts without a digit; and the words "inf" and "nan" are none.
+  if (!begins_with_number(text)) return 0;
   double value = 0;
-  const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
   if (result.ec == std::errc::result_out_of_range) {
+    const std::string_view number(text.data(), static_cast<size_t>(result.ptr - text.data()));
     value = is_huge(number) ? std::numeric_limits<double>::infinity() : 0;
   }
   return negative ? -value : value;
