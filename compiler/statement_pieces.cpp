@@ -28,10 +28,9 @@ TToken TCompiler::GenString(const TToken& first, const char* key) {
 TToken TCompiler::GenReference(const TToken& first, TTokenKind* kind) {
   if (first.kind != ttIdent) throw CompileException(KEY_SYNTAX_ERR);
   TToken token = first;
-  bool lvalue = true;
   bool forceType = false;
   *kind = ttVoid;
-  return GenVar(&token, &lvalue, &forceType, true, true, kind);
+  return GenVar(&token, nullptr, &forceType, false, true, kind);
 }
 
 TToken TCompiler::GenTarget(const TToken& first) {

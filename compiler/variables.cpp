@@ -120,11 +120,8 @@ TToken TCompiler::GenMultiVar(const TToken& first, int32_t* count) {
   TToken token = first;
   *count = 0;
   while (!IsMultiExprEndToken(token) && token.kind != ttRpar) {
-    if (token.kind != ttIdent) throw CompileException(KEY_SYNTAX_ERR);
-    bool lvalue = true;
-    bool forceType = false;
-    TTokenKind kind = ttVoid;
-    GenVar(&token, &lvalue, &forceType, true, true, &kind);
+    TTokenKind kind;
+    token = GenReference(token, &kind);
     ++*count;
     if (token.kind == ttComma) token = Token();
   }
