@@ -212,7 +212,7 @@ int32_t TCompiler::ReadOctal() {
   while (is_digit(mSource[mPos])) {
     if (mSource[mPos] > '7') throw CompileException(KEY_SYNTAX_ERR);
     if (mPos == behindFirst) WaitForCancel();
-    value = value * 8 + (mSource[mPos] - '0');
+    value = mSource[mPos] - '0';
     mPos = behindFirst;
   }
   return value;
@@ -234,7 +234,7 @@ TToken TCompiler::TokenMisc() {
     ++mPhysicalLine;
     return {ttEol, "\n"};
   }
-  if (is_kanji_byte(c)) return {ttKanji, std::string(1, c)};
+  if (is_kanji_byte(c)) return {ttKanji, {}};
   if (const TTokenKind kind = relation_kind(c, mSource[mPos]); kind != ttNone) {
     return {kind, {c, mSource[mPos++]}};
   }
