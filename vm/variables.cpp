@@ -2,6 +2,7 @@
 // INPUT set aside.
 #include <algorithm>
 #include <mutex>
+#include <span>
 
 #include "common/text/number.h"
 #include "vm/handler_args.h"
@@ -81,9 +82,9 @@ TVarInfo* TVMachine::DimOneVar() {
   TVarInfo* var = PopVar();
   int32_t sizes[MAX_DIMENSIONS];
   const int32_t count = PopSubscripts(sizes);
-  for (int32_t i = 0; i < count; ++i) {
-    if (sizes[i] == INT32_MAX) throw RuntimeException2(ERR_BAD_DIMENSION);
-    ++sizes[i];
+  for (int32_t& size : std::span(sizes, static_cast<size_t>(count))) {
+    if (size == INT32_MAX) throw RuntimeException2(ERR_BAD_DIMENSION);
+    ++size;
   }
   LayOut(var, sizes, count);
   return var;
