@@ -117,8 +117,9 @@ void TScreenPainter::PaintGraphics(TFrameBuffer& target, const TRect& r) const {
 }
 
 void TScreenPainter::PaintText(TFrameBuffer& target, const TRect& r) {
-  const int32_t lastRow = std::min(r.bottom / mRsrc.cellHeight, mRsrc.txtRows - 1);
-  const int32_t lastCol = std::min(r.right / mRsrc.cellWidth, mRsrc.txtCols - 1);
+  // The cells fill the picture to its last pixel.
+  const int32_t lastRow = r.bottom / mRsrc.cellHeight;
+  const int32_t lastCol = r.right / mRsrc.cellWidth;
   // A wide character may reach in from the cell before.
   const int32_t firstCol = std::max(r.left / mRsrc.cellWidth - 1, 0);
   for (int32_t row = r.top / mRsrc.cellHeight; row <= lastRow; ++row) {

@@ -90,10 +90,8 @@ void put_span(TGrphPage& page, const TPen& pen, int32_t y, int32_t first, int32_
 /// above and below cover it.
 TSpan inner_span(const TSpan& above, const TSpan& row, const TSpan& below) {
   if (above.IsEmpty() || below.IsEmpty()) return {};
-  // An end that lies beyond the page is no end of the ellipse's.
-  const int32_t first = row.first == BEFORE_PAGE ? 0 : row.first + 1;
-  const int32_t last = row.last == BEHIND_PAGE ? BEHIND_PAGE - 1 : row.last - 1;
-  return {std::max({first, above.first, below.first}), std::min({last, above.last, below.last})};
+  return {std::max({row.first + 1, above.first, below.first}),
+          std::min({row.last - 1, above.last, below.last})};
 }
 
 /// Calls put(y, first, last) for each run of the outline.
