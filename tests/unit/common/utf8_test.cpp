@@ -93,7 +93,8 @@ TEST(DecodeUtf8, RoundTripOfAllCharacters) {
 
 TEST(DecodeUtf8, FaultsTakeOneByte) {
   for (const char* text : {"\x80", "\xC0\x80", "\xC1\xBF", "\xE0\x80\x80", "\xED\xA0\x80",
-                           "\xF4\x90\x80\x80", "\xE3\x81", "\xE3\x41\x81", "\xFF"}) {
+                           "\xF4\x90\x80\x80", "\xE3\x81", "\xE3\x41\x81", "\xC3\x41",
+                           "\xE3\x41\x42", "\xE3\x81\x42", "\xF0\x9F\x98\x42", "\xFF"}) {
     size_t length = 0;
     EXPECT_EQ(decode_utf8(text, &length), 0xFFFDu) << text;
     EXPECT_EQ(length, 1u) << text;

@@ -33,6 +33,18 @@ TEST(JisAscii, KanjiBehindAnAsciiStart) {
   EXPECT_EQ(JisPosToUtf8PosKernel(text, 16, BYTES), 13);
 }
 
+TEST(JisAscii, KanjiAtAnyPlaceAmongManyBytes) {
+  constexpr int64_t BYTES_AROUND = 80;
+  for (int64_t place = 0; place <= BYTES_AROUND; ++place) {
+    std::string text(BYTES_AROUND, 'x');
+    text.insert(static_cast<size_t>(place), "\u3042");
+    EXPECT_EQ(Utf8PosToJisPosKernel(text, place, BYTES), place);
+    EXPECT_EQ(Utf8PosToJisPosKernel(text, BYTES_AROUND + 3, BYTES), BYTES_AROUND + 6) << place;
+    EXPECT_EQ(JisPosToUtf8PosKernel(text, place + 6, BYTES), place + 3);
+    EXPECT_EQ(JisPosToUtf8PosKernel(text, BYTES_AROUND + 6, BYTES), BYTES_AROUND + 3) << place;
+  }
+}
+
 TEST(JisAscii, TheEndCountedBackwards) {
   const std::string text =
       "\u3042"
