@@ -116,16 +116,16 @@ int32_t TMmlPlayer::TokenInRange(int32_t low, int32_t high) {
 // Reads the length behind a note, a rest or a tuplet. A dot anywhere in a tie lengthens the whole
 // sum, once; this is meant. If it throws, `*ticks` is the length read so far.
 TMmlToken TMmlPlayer::CompileTick(int64_t* ticks) {
-  const auto length_of = [](int32_t n) { return int64_t{TICKS_PER_QUARTER / n} * 4; };
+  const auto lengthOf = [](int32_t n) { return int64_t{TICKS_PER_QUARTER / n} * 4; };
   bool dotted = false;
-  *ticks = length_of(defLength[static_cast<size_t>(curCh)]);
+  *ticks = lengthOf(defLength[static_cast<size_t>(curCh)]);
   TMmlToken token = Token();
   if (token.kind == TMmlTokenKind::Number) {
     *ticks = 0;
     while (true) {
       if (token.kind == TMmlTokenKind::Number) {
         if (token.Number() == 0) throw TMmlError{};
-        *ticks += length_of(token.Number());
+        *ticks += lengthOf(token.Number());
         token = Token();
         if (token.kind != TMmlTokenKind::Period) continue;
         dotted = true;
@@ -165,7 +165,7 @@ TMmlToken TMmlPlayer::CompileFuncPitch(const TMmlToken& token) {
   const int16_t pitch = PitchFromToken(token);
   int64_t ticks = 0;
   try {
-    const TMmlToken next = CompileTick(&ticks);
+    TMmlToken next = CompileTick(&ticks);
     SoundNote(pitch, ticks);
     return next;
   } catch (const TMmlError&) {
@@ -177,7 +177,7 @@ TMmlToken TMmlPlayer::CompileFuncPitch(const TMmlToken& token) {
 TMmlToken TMmlPlayer::CompileFuncR(const TMmlToken&) {
   AddMidiCmd(TPlayMidiCmd::Nothing, 0, 0);
   int64_t ticks = 0;
-  const TMmlToken next = CompileTick(&ticks);
+  TMmlToken next = CompileTick(&ticks);
   AdvanceLastTick(ticks);
   AddMidiCmd(TPlayMidiCmd::Nothing, 0, 0);
   return next;
@@ -192,7 +192,7 @@ TMmlToken TMmlPlayer::CompileFuncLseq(const TMmlToken&) {
   }
   if (pitches.empty()) throw TMmlError{};
   int64_t total = 0;
-  const TMmlToken next = CompileTick(&total);
+  TMmlToken next = CompileTick(&total);
   for (const int16_t pitch : pitches)
     SoundNote(pitch, total / static_cast<int64_t>(pitches.size()));
   return next;
@@ -276,19 +276,19 @@ TMmlToken TMmlPlayer::CompileFuncMb(const TMmlToken&) {
 // switches would leave notes hanging.
 TMmlToken TMmlPlayer::CompileFuncBeep(const TMmlToken&) {
   if (curCh != 0) throw TMmlError{};
-  const int64_t tick_time = timePerTick.load();
+  const int64_t tickTime = timePerTick.load();
   const int32_t number = TokenInRange(0, 2);
   if (number == 0) {
     if (IsThrottled(&saLastTime0)) return Token();
     AddMidiCmd(TPlayMidiCmd::NoteOff, BEEP_NOTE, MAX_VELOCITY);
-    AdvanceLastTick(BEEP_SWITCH_SPAN / tick_time);
+    AdvanceLastTick(BEEP_SWITCH_SPAN / tickTime);
   } else if (number == 1) {
     if (IsThrottled(&saLastTime1)) return Token();
     BeepOn();
-    AdvanceLastTick(BEEP_SWITCH_SPAN / tick_time);
+    AdvanceLastTick(BEEP_SWITCH_SPAN / tickTime);
   } else {
     BeepOn();
-    AdvanceLastTick(BEEP_SPAN / tick_time);
+    AdvanceLastTick(BEEP_SPAN / tickTime);
     AddMidiCmd(TPlayMidiCmd::NoteOff, BEEP_NOTE, MAX_VELOCITY);
   }
   return Token();

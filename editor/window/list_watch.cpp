@@ -49,10 +49,9 @@ std::string_view TListWatch::Line(int64_t line) const {
   const long begin = edit_call(mEdit, S::SCI_POSITIONFROMLINE, line);
   const long end = edit_call(mEdit, S::SCI_GETLINEENDPOSITION, line);
   if (begin < 0 || end <= begin) return {};
-  // The component hands pointers out as numbers.
-  const auto* bytes =
-      reinterpret_cast<const char*>(edit_call(mEdit, S::SCI_GETRANGEPOINTER, begin, end - begin));
-  return {bytes, static_cast<size_t>(end - begin)};
+  const long bytes = edit_call(mEdit, S::SCI_GETRANGEPOINTER, begin, end - begin);
+  // The component hands pointers out as numbers. NOLINTNEXTLINE(performance-no-int-to-ptr)
+  return {reinterpret_cast<const char*>(bytes), static_cast<size_t>(end - begin)};
 }
 
 void TListWatch::Modified(int position, int type, int length, int linesAdded) {

@@ -19,7 +19,7 @@ constexpr int64_t floor_div(TWide a, TWide b) {
 
 /// A row's run, both ends inside the page.
 void put_run(TGrphPage& page, const TPen& pen, int32_t y, int32_t from, int32_t to) {
-  const size_t count = static_cast<size_t>(to - from + 1);
+  const size_t count = static_cast<size_t>(to - from) + 1;
   std::memset(page.IndexRow(y) + from, pen.index, count);
   std::fill_n(page.RealRow(y) + from, count, pen.real);
 }

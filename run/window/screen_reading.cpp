@@ -15,11 +15,11 @@ void TScreenReading::ReadRow(const TTxtSnapshot& screen, int32_t row) {
   mRowStarts.push_back(static_cast<int>(mText.size()));
   const int32_t first = row * screen.cols;
   int32_t end = first + screen.cols;
-  while (end > first && screen.cells[static_cast<size_t>(end - 1)].IsEmpty()) --end;
+  while (end > first && screen.cells[static_cast<size_t>(end) - 1].IsEmpty()) --end;
   for (int32_t cell = first; cell < end; ++cell) {
     const TTxtCell& content = screen.cells[static_cast<size_t>(cell)];
     if (content.IsRightHalf()) continue;
-    const bool isWide = cell + 1 < end && screen.cells[static_cast<size_t>(cell + 1)].IsRightHalf();
+    const bool isWide = cell + 1 < end && screen.cells[static_cast<size_t>(cell) + 1].IsRightHalf();
     mText += content.IsEmpty() ? QString(' ') : QString::fromUtf8(content.text);
     mPlaces.resize(static_cast<size_t>(mText.size()), {cell, isWide ? 2 : 1});
   }
