@@ -18,7 +18,7 @@ TEST(BreakPoints, AreSortedAndSingle) {
 
 // Removing a line that has none takes the next higher one; this is meant.
 TEST(BreakPoints, RemovingTakesTheFirstThatIsNotBelow) {
-  auto removed = [](std::vector<int32_t> lines, int32_t line) {
+  auto removed = [](const std::vector<int32_t>& lines, int32_t line) {
     TBreakPoints points;
     for (int32_t each : lines) points.Add(each);
     points.Remove(line);

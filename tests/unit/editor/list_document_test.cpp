@@ -39,7 +39,7 @@ TEST(DocumentState, Table) {
 }
 
 TEST(RunStart, LineLabelOrNothing) {
-  auto start_of = [](std::string_view text) {
+  auto startOf = [](std::string_view text) {
     TMessage message("run");
     add_run_start(text, &message);
     int32_t line = 0;
@@ -47,16 +47,16 @@ TEST(RunStart, LineLabelOrNothing) {
     std::string label;
     return message.FindString("Label", &label) ? "label " + label : std::string("none");
   };
-  EXPECT_EQ(start_of(""), "none");
-  EXPECT_EQ(start_of("100"), "line 100");
-  EXPECT_EQ(start_of("0"), "line 0");
-  EXPECT_EQ(start_of("12abc"), "line 12");
-  EXPECT_EQ(start_of("99999999999"), "line 2147483647");
-  EXPECT_EQ(start_of("*loop"), "label LOOP");
-  EXPECT_EQ(start_of("*"), "label ");
-  EXPECT_EQ(start_of("loop"), "label LOOP");
-  EXPECT_EQ(start_of("*あa"), "label あA");
-  EXPECT_EQ(start_of("-5"), "label -5");
+  EXPECT_EQ(startOf(""), "none");
+  EXPECT_EQ(startOf("100"), "line 100");
+  EXPECT_EQ(startOf("0"), "line 0");
+  EXPECT_EQ(startOf("12abc"), "line 12");
+  EXPECT_EQ(startOf("99999999999"), "line 2147483647");
+  EXPECT_EQ(startOf("*loop"), "label LOOP");
+  EXPECT_EQ(startOf("*"), "label ");
+  EXPECT_EQ(startOf("loop"), "label LOOP");
+  EXPECT_EQ(startOf("*あa"), "label あA");
+  EXPECT_EQ(startOf("-5"), "label -5");
 }
 
 /// Answers as the test says, and writes down what it is told.

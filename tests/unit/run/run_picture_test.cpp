@@ -21,8 +21,8 @@ class THandClock final : public TClock {
   void RunningLong() override {}
   TTimerId StartTimer(bigtime_t delay, bool repeat, std::function<void()> fn,
                       TActorClass) override {
-    timers[++lastTimer] = {delay, repeat, std::move(fn)};
-    return lastTimer;
+    timers[++mLastTimer] = {delay, repeat, std::move(fn)};
+    return mLastTimer;
   }
   void CancelTimer(TTimerId id) override { timers.erase(id); }
   uint64_t PrepareThread(TActorClass) override { return 0; }
@@ -43,7 +43,7 @@ class THandClock final : public TClock {
   void SignalWake(TWake&) override {}
   void ForgetWake(TWake&) override {}
 
-  TTimerId lastTimer = 0;
+  TTimerId mLastTimer = 0;
 };
 
 class TPictureHost final : public TRunHost {

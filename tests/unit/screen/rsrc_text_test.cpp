@@ -265,7 +265,9 @@ TEST_F(TTextTest, CellsBeyondTheScreenAreNotWritten) {
 }
 
 TEST_F(TTextTest, HugeTextsOfControlCodesStayInRange) {
-  rsrc.Print(std::string(40'000'000, '\x1E'));
+  std::string ups;
+  ups.resize(40'000'000, '\x1E');
+  rsrc.Print(ups);
   EXPECT_EQ(rsrc.CursorPos(), INT32_MIN / 2);
   rsrc.DoCRLF();
   rsrc.Print("A");

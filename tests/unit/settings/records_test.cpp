@@ -451,7 +451,8 @@ TEST_F(Settings, UsersPlace) {
     setenv("HOME", home, 1);
     return TSettingsPlace::OfUser().root;
   };
-  const std::string oldHome = getenv("HOME") ? getenv("HOME") : "";
+  const char* const home = getenv("HOME");
+  const std::string oldHome = home != nullptr ? home : "";
   EXPECT_EQ(root("/config", "/home-of-user"), "/config/KORUNE");
   EXPECT_EQ(root("", "/home-of-user"), "/home-of-user/.config/KORUNE");
   EXPECT_EQ(root("relative", "/home-of-user"), "/home-of-user/.config/KORUNE");

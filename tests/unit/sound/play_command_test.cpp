@@ -78,8 +78,8 @@ TEST_F(Play, MoreThanSixStringsAreNotPlayed) {
 
 TEST_F(Play, FilesThatCannotBeWrittenAreNamed) {
   const std::string bad = Path("missing/a.mid");
-  const std::string bad_wav = Path("missing/a.wav");
-  EXPECT_EQ(Run({"C"}, {bad, bad_wav, true}).unwritten, (std::vector<std::string>{bad, bad_wav}));
+  const std::string badWav = Path("missing/a.wav");
+  EXPECT_EQ(Run({"C"}, {bad, badWav, true}).unwritten, (std::vector<std::string>{bad, badWav}));
 }
 
 TEST_F(Play, StopSilencesTheMusic) {

@@ -129,17 +129,17 @@ TEST_F(FileInput, HalfACharacterAtTheEnd) {
 }
 
 TEST_F(FileInput, ItemsMayHaveTheBytesThatMemoryAllows) {
-  const auto items_within = [this](std::string_view bytes, int32_t count, int64_t room) {
+  const auto itemsWithin = [this](std::string_view bytes, int32_t count, int64_t room) {
     std::list<std::string> items;
     InputFromFile(Open(bytes), count, &items, false, {room});
     return TItems(items.begin(), items.end());
   };
-  EXPECT_EQ(items_within("abc,d", 1, 3), TItems{"abc"});
-  EXPECT_EQ(items_within("  \"abc\",d", 1, 3), TItems{"abc"});  // blanks and quotes are not kept
-  EXPECT_EQ(items_within("ab,c", 2, 3), (TItems{"ab", "c"}));
-  EXPECT_THROW(items_within("abcd", 1, 3), std::bad_alloc);
-  EXPECT_THROW(items_within("\"abcd\"", 1, 3), std::bad_alloc);
-  EXPECT_THROW(items_within("ab,cd", 2, 3), std::bad_alloc);
+  EXPECT_EQ(itemsWithin("abc,d", 1, 3), TItems{"abc"});
+  EXPECT_EQ(itemsWithin("  \"abc\",d", 1, 3), TItems{"abc"});  // blanks and quotes are not kept
+  EXPECT_EQ(itemsWithin("ab,c", 2, 3), (TItems{"ab", "c"}));
+  EXPECT_THROW(itemsWithin("abcd", 1, 3), std::bad_alloc);
+  EXPECT_THROW(itemsWithin("\"abcd\"", 1, 3), std::bad_alloc);
+  EXPECT_THROW(itemsWithin("ab,cd", 2, 3), std::bad_alloc);
   std::string text;
   EXPECT_TRUE(InputDlFromFile(Open("abcd"), 3, COMPAT_DISK, &text, {3}));
   EXPECT_THROW(InputDlFromFile(Open("abcd"), 4, COMPAT_DISK, &text, {3}), std::bad_alloc);
