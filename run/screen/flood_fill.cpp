@@ -16,18 +16,14 @@ TRect TFloodFill::Fill(TGrphPage& page, const TPen& pen, uint8_t border, int32_t
   Append(y * SCREEN_WIDTH + x);
   // The queue grows while it is walked.
   for (size_t i = 0; i < mQueue.size(); ++i) {
-    const int32_t at = mQueue[i];
-    uint8_t& mark = mMarks[static_cast<size_t>(at)];
-    mark = static_cast<uint8_t>(mark - QUEUED);
-    if (!(mark & VISITED)) FillRun(job, at);
+    if (!(mMarks[static_cast<size_t>(mQueue[i])] & VISITED)) FillRun(job, mQueue[i]);
   }
   ForgetMarks(job.box);
   return job.box;
 }
 
 void TFloodFill::Append(int32_t at) {
-  uint8_t& mark = mMarks[static_cast<size_t>(at)];
-  mark = static_cast<uint8_t>(mark + QUEUED);
+  mMarks[static_cast<size_t>(at)] |= QUEUED;
   mQueue.push_back(at);
 }
 
@@ -61,7 +57,7 @@ void TFloodFill::FillRun(TJob& job, int32_t at) {
 /// Adds the left end of a run beside the one that is being filled.
 void TFloodFill::LookBeside(const TJob& job, int32_t x, int32_t at) {
   if (x == 0 || job.page.IndexRow(0)[at - 1] != job.border) return;
-  if (IsOpen(job, at) && mMarks[static_cast<size_t>(at)] < QUEUED) Append(at);
+  if (IsOpen(job, at) && !(mMarks[static_cast<size_t>(at)] & QUEUED)) Append(at);
 }
 
 void TFloodFill::ForgetMarks(const TRect& box) {
