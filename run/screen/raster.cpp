@@ -190,8 +190,8 @@ void roll_vertically(TGrphPage& page, const TPen& fill, int32_t v) {
   shift_pixels(page.IndexRow(0), SCREEN_WIDTH * SCREEN_HEIGHT, v * SCREEN_WIDTH);
   shift_pixels(page.RealRow(0), SCREEN_WIDTH * SCREEN_HEIGHT, v * SCREEN_WIDTH);
   // What opens below, or above: one of the two holds nothing.
-  fill_rect(page, fill, {0, SCREEN_HEIGHT - v, SCREEN_WIDTH - 1, SCREEN_HEIGHT - 1});
-  fill_rect(page, fill, {0, 0, SCREEN_WIDTH - 1, -v - 1});
+  fill_rect(page, fill, {0, SCREEN_HEIGHT - v, WHOLE_PAGE.right, WHOLE_PAGE.bottom});
+  fill_rect(page, fill, {0, 0, WHOLE_PAGE.right, -v - 1});
 }
 
 void roll_horizontally(TGrphPage& page, const TPen& fill, int32_t h) {
@@ -199,8 +199,8 @@ void roll_horizontally(TGrphPage& page, const TPen& fill, int32_t h) {
     shift_pixels(page.IndexRow(y), SCREEN_WIDTH, h);
     shift_pixels(page.RealRow(y), SCREEN_WIDTH, h);
   }
-  fill_rect(page, fill, {SCREEN_WIDTH - h, 0, SCREEN_WIDTH - 1, SCREEN_HEIGHT - 1});
-  fill_rect(page, fill, {0, 0, -h - 1, SCREEN_HEIGHT - 1});
+  fill_rect(page, fill, {SCREEN_WIDTH - h, 0, WHOLE_PAGE.right, WHOLE_PAGE.bottom});
+  fill_rect(page, fill, {0, 0, -h - 1, WHOLE_PAGE.bottom});
 }
 
 }  // namespace
