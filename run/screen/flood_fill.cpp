@@ -39,8 +39,10 @@ void TFloodFill::FillRun(TJob& job, int32_t at) {
   const int32_t first = y * SCREEN_WIDTH + x;
   job.box = {std::min(job.box.left, x), std::min(job.box.top, y), job.box.right,
              std::max(job.box.bottom, y)};
-  if (y > 0 && IsOpen(job, first - SCREEN_WIDTH)) Append(first - SCREEN_WIDTH);
-  if (y < SCREEN_HEIGHT - 1 && IsOpen(job, first + SCREEN_WIDTH)) Append(first + SCREEN_WIDTH);
+  const bool hasAbove = y > 0;
+  const bool hasBelow = y < SCREEN_HEIGHT - 1;
+  if (hasAbove && IsOpen(job, first - SCREEN_WIDTH)) Append(first - SCREEN_WIDTH);
+  if (hasBelow && IsOpen(job, first + SCREEN_WIDTH)) Append(first + SCREEN_WIDTH);
   uint8_t* index = job.page.IndexRow(y);
   uint32_t* real = job.page.RealRow(y);
   for (; x < SCREEN_WIDTH && index[x] != job.border; ++x) {
@@ -48,8 +50,8 @@ void TFloodFill::FillRun(TJob& job, int32_t at) {
     index[x] = job.pen.index;
     real[x] = job.pen.real;
     mMarks[static_cast<size_t>(here)] |= VISITED;
-    if (y > 0) LookBeside(job, x, here - SCREEN_WIDTH);
-    if (y < SCREEN_HEIGHT - 1) LookBeside(job, x, here + SCREEN_WIDTH);
+    if (hasAbove) LookBeside(job, x, here - SCREEN_WIDTH);
+    if (hasBelow) LookBeside(job, x, here + SCREEN_WIDTH);
   }
   job.box.right = std::max(job.box.right, x);
 }

@@ -344,6 +344,18 @@ TEST_F(TComposeTest, OtherFamiliesAndSizesStayWithinTheirCells) {
   }
 }
 
+TEST_F(TComposeTest, AnOddSizeHasHalfWidthsToo) {
+  // Of 17 pixels the half is 9; the letter is that of the default font, a row higher than with 16.
+  rsrc.SetFontFamilyAndSize("Unifont-JP", 15);
+  rsrc.Print("A");
+  painter.DrawComposition(frame);
+  EXPECT_EQ(Shape(frame, {0, 0, 7, 15}, WHITE),
+            "........\n........\n........\n...##...\n"
+            "..#..#..\n..#..#..\n..#..#..\n.#....#.\n"
+            ".#....#.\n.######.\n.#....#.\n.#....#.\n"
+            ".#....#.\n.#....#.\n........\n........\n");
+}
+
 TEST_F(TComposeTest, AGlyphWiderThanItsCellsShowsItsLeftPart) {
   // A bar of five rows at 57 pixels: columns 5 to 51, rows 25 to 21 above a baseline at 30.
   rsrc.SetFontFamilyAndSize("IPAGothic", 50);
