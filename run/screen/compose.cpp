@@ -133,14 +133,13 @@ void TScreenPainter::PaintCell(TFrameBuffer& target, const TRect& r, int32_t row
   const TRect inside =
       intersection_of(r, {x, y, x + glyphWidth * scale - 1, y + mRsrc.cellHeight - 1});
   if (!inside.IsValid()) return;
-  const uint32_t mask = column_mask(inside.left - x, inside.right - x);
   const TRgb& color = mRsrc.txtPal[static_cast<size_t>(mRsrc.txtAttr[at] & 7)];
   const uint32_t pixel = pixel_of(color) | OPAQUE;
   const int32_t baseline = y + static_cast<int32_t>(std::floor(mRsrc.txtBaseline + 0.5f));
   for (int32_t line = inside.top; line <= inside.bottom; ++line) {
     const uint32_t bits = glyph.Bits(line - baseline);
     if (scale == 1) {
-      put_bits(target.Row(line) + x, bits & mask, pixel);
+      put_bits(target.Row(line) + x, bits & column_mask(inside.left - x, inside.right - x), pixel);
     } else {
       put_wide_bits(target.Row(line), x, bits, pixel, inside);
     }

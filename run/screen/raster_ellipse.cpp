@@ -2,7 +2,6 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
-#include <ranges>
 
 #include "run/screen/raster.h"
 
@@ -59,11 +58,16 @@ TSpan row_span(const TEllipse& ellipse, int32_t y) {
   return span;
 }
 
-/// The rows of the page that the ellipse may reach.
-auto rows_of(const TEllipse& ellipse) {
+/// The rows of the page that the ellipse may reach: first, and one past the last.
+struct TRows {
+  int32_t first;
+  int32_t end;
+};
+
+TRows rows_of(const TEllipse& ellipse) {
   const double first = std::floor(ellipse.cy - ellipse.ry - 0.5);
   const double end = std::floor(ellipse.cy + ellipse.ry + 1.5);
-  return std::views::iota(saturated(first, 0, SCREEN_HEIGHT), saturated(end, 0, SCREEN_HEIGHT));
+  return {saturated(first, 0, SCREEN_HEIGHT), saturated(end, 0, SCREEN_HEIGHT)};
 }
 
 void put_pixel(TGrphPage& page, const TPen& pen, const TPixel& p) {
@@ -84,10 +88,10 @@ TSpan inner_span(const TSpan& above, const TSpan& row, const TSpan& below) {
 /// Calls put(y, first, last) for each run of the outline.
 template <typename TPut>
 void for_outline(const TEllipse& ellipse, TPut put) {
-  const auto rows = rows_of(ellipse);
-  TSpan above = row_span(ellipse, *rows.begin() - 1);
-  TSpan row = row_span(ellipse, *rows.begin());
-  for (const int32_t y : rows) {
+  const TRows rows = rows_of(ellipse);
+  TSpan above = row_span(ellipse, rows.first - 1);
+  TSpan row = row_span(ellipse, rows.first);
+  for (int32_t y = rows.first; y < rows.end; ++y) {
     const TSpan below = row_span(ellipse, y + 1);
     const TSpan inner = inner_span(above, row, below);
     if (inner.IsEmpty()) {
@@ -178,7 +182,8 @@ TPixel ellipse_point(const TEllipse& ellipse, double degrees) {
 void fill_ellipse(TGrphPage& page, const TPen& pen, const TEllipse& given) {
   if (!is_drawable(given)) return;
   const TEllipse ellipse = normalised(given);
-  for (const int32_t y : rows_of(ellipse)) {
+  const TRows rows = rows_of(ellipse);
+  for (int32_t y = rows.first; y < rows.end; ++y) {
     const TSpan span = row_span(ellipse, y);
     put_span(page, pen, y, span.first, span.last);
   }
@@ -214,7 +219,8 @@ void fill_arc(TGrphPage& page, const TPen& pen, const TEllipse& given, const TSe
   }
   const TEllipse ellipse = normalised(given);
   const TSectorTest test(ellipse, sector);
-  for (const int32_t y : rows_of(ellipse)) {
+  const TRows rows = rows_of(ellipse);
+  for (int32_t y = rows.first; y < rows.end; ++y) {
     put_sector_run(page, pen, test, y, row_span(ellipse, y));
   }
   put_pixel(page, pen, {pixel_coord(given.cx), pixel_coord(given.cy)});
