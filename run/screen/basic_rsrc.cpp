@@ -52,7 +52,7 @@ void TBasicRsrc::InitFields() {
   txtCols = 80;
   defSeg = 0;
   // Cells beyond the screen are never shown, but a copy of the arrays must not carry garbage.
-  txtCell.fill(TTxtCell{{TTxtCell::EMPTY, 0, 0, 0, 0}});
+  txtCell.fill(EMPTY_CELL);
 }
 
 void TBasicRsrc::SetOwner(TScreenOwner* newOwner) {
@@ -71,8 +71,7 @@ void TBasicRsrc::SetFDDAccessLampByDriveIndex(int32_t driveIdx) {
   lamp.lastTime = now;
   owner->SetFDDAccessLamp(driveIdx, 1);
   const auto off = [this, driveIdx] { owner->SetFDDAccessLamp(driveIdx, -1); };
-  lamp.timers[lamp.nextTimer] = mClock.StartTimer(LAMP_ON_TIME, false, off);
-  lamp.nextTimer = (lamp.nextTimer + 1) % lamp.timers.size();
+  lamp.timers = {mClock.StartTimer(LAMP_ON_TIME, false, off), lamp.timers[0], lamp.timers[1]};
 }
 
 void TBasicRsrc::SetFDDAccessLampByFileDesc(int32_t fileNum) {

@@ -37,6 +37,8 @@ struct TTxtCell {
   bool IsRightHalf() const { return text[0] == RIGHT_HALF; }
 };
 
+constexpr TTxtCell EMPTY_CELL{{TTxtCell::EMPTY}};
+
 /// A copy of the text screen for those who show it without pixels.
 struct TTxtSnapshot {
   int32_t cols = 80;
@@ -78,7 +80,8 @@ class TBasicRsrc {
   void Print(std::string_view utf8);
   /// Cursor to the start of the next row, scrolling at the end of the console area.
   void DoCRLF();
-  /// Moves the console area up by `rows`; the cursor goes with it and may become negative.
+  /// Moves the console area up by `rows`, 1 or more; the cursor goes with it and may become
+  /// negative.
   void ScrollTxt2(int32_t rows);
   /// Moves the non-empty cells from `pos` on one cell to the left.
   void SlideTxtToLeft(int32_t pos);
@@ -88,7 +91,8 @@ class TBasicRsrc {
   /// The text of cells `from` to `to` inclusive, an empty cell as a blank. Cut to the screen.
   std::string DisplayedTxt(int32_t from, int32_t to) const;
 
-  /// A row's text without its trailing blanks, bytes that are no character as U+FFFD. Any thread.
+  /// The text of a row of the screen without its trailing blanks, bytes that are no character as
+  /// U+FFFD. Any thread.
   std::string RowText(int32_t row) const;
   /// All rows as the clipboard gets them: trailing empty cells left out, a line feed after each.
   /// Any thread.
@@ -247,11 +251,10 @@ class TBasicRsrc {
   static constexpr bigtime_t LAMP_ON_TIME = 200'000;
 
   /// What the lamp of one drive needs to remember: the last access, and timers that may still run
-  /// (at most two do, as a lamp is lit for two intervals).
+  /// (two do, as a lamp is lit for two intervals, and one more that is late), the latest first.
   struct TLamp {
     bigtime_t lastTime = INT64_MIN / 2;
-    std::array<TTimerId, 4> timers{};
-    size_t nextTimer = 0;
+    std::array<TTimerId, 3> timers{};
   };
 
   // These want the screen mutex held.
@@ -265,11 +268,13 @@ class TBasicRsrc {
   void MarkKernel(const TRect& r);
   void MarkGrph(const TRect& r);
   void MarkAll();
-  void MarkTxt(int32_t from, int32_t to);
+  /// Cells may lie anywhere.
+  void MarkTxt(int64_t from, int64_t to);
   /// Cells `from` up to but not including `to`, well-formed.
   void AppendCells(int32_t from, int32_t to, std::string* text) const;
 
   int32_t CellCount() const { return txtRows * txtCols; }
+  bool IsOnScreen(int64_t cell) const { return cell >= 0 && cell < CellCount(); }
   int32_t ConsoleHeight() const;
   bool IsInConsole(int64_t row) const { return row >= consoleTop && row < consoleBottom; }
   int32_t PrintWalk(std::string_view utf8, bool startedInside);

@@ -23,8 +23,14 @@ void fill_frame(TFrameBuffer& target, const TRect& r, uint32_t pixel) {
   }
 }
 
-void copy_row(const uint32_t* source, uint32_t* target, int32_t first, int32_t last) {
-  for (int32_t x = first; x <= last; ++x) target[x] = source[x] | OPAQUE;
+/// A part of the frame with each of the page's rows `scale` times.
+void copy_page(TFrameBuffer& target, const TRect& r, const TGrphPage& page, int32_t scale) {
+  if (page.IsPristine()) return fill_frame(target, r, OPAQUE);
+  for (int32_t y = r.top; y <= r.bottom; ++y) {
+    const uint32_t* source = page.RealRow(y / scale);
+    uint32_t* row = target.Row(y);
+    for (int32_t x = r.left; x <= r.right; ++x) row[x] = source[x] | OPAQUE;
+  }
 }
 
 /// A row of a glyph, one frame pixel a bit. `bits` holds only bits that lie inside.
@@ -49,7 +55,6 @@ void put_wide_bits(uint32_t* row, int32_t x, uint32_t bits, uint32_t pixel, cons
 
 /// The bits of glyph columns `first` to `last`.
 uint32_t column_mask(int32_t first, int32_t last) {
-  if (first > last) return 0;
   return (UINT32_MAX >> first) & (UINT32_MAX << (31 - last));
 }
 
@@ -85,35 +90,22 @@ void TScreenPainter::DrawComposition(TFrameBuffer& target) {
 void TScreenPainter::DrawGrphPage(TFrameBuffer& target, int32_t page) {
   TLock lock(mRsrc.mMutex);
   const int32_t which = page < 0 ? mRsrc.displayPage : page;
-  if (which >= PAGE_COUNT || mRsrc.grphBitmap[static_cast<size_t>(which)].IsPristine()) {
-    fill_frame(target, WHOLE_PAGE, OPAQUE);
-    return;
-  }
-  const TGrphPage& source = mRsrc.grphBitmap[static_cast<size_t>(which)];
-  for (int32_t y = 0; y < SCREEN_HEIGHT; ++y) {
-    copy_row(source.RealRow(y), target.Row(y), 0, SCREEN_WIDTH - 1);
-  }
+  if (which == NO_PAGE) return fill_frame(target, WHOLE_PAGE, OPAQUE);
+  copy_page(target, WHOLE_PAGE, mRsrc.grphBitmap[static_cast<size_t>(which)], 1);
 }
 
 void TScreenPainter::MarkCursor() {
   const int32_t cell = mRsrc.cursorPos;
-  if (cell < 0 || cell >= mRsrc.CellCount()) return;
-  mRsrc.MarkTxt(cell, cell);
-  if (cell > 0 && mRsrc.txtCell[static_cast<size_t>(cell)].IsRightHalf()) {
-    mRsrc.MarkTxt(cell - 1, cell - 1);
-  }
+  if (!mRsrc.IsOnScreen(cell)) return;
+  const bool isRightHalf = mRsrc.txtCell[static_cast<size_t>(cell)].IsRightHalf();
+  mRsrc.MarkTxt(isRightHalf ? cell - 1 : cell, cell);
 }
 
 void TScreenPainter::PaintGraphics(TFrameBuffer& target, const TRect& r) const {
   const bool isShown = mRsrc.grphVisible && mRsrc.displayPage != NO_PAGE;
-  if (!isShown || mRsrc.grphBitmap[static_cast<size_t>(mRsrc.displayPage)].IsPristine()) {
-    fill_frame(target, r, OPAQUE);
-    return;
-  }
+  if (!isShown) return fill_frame(target, r, OPAQUE);
   const TGrphPage& page = mRsrc.grphBitmap[static_cast<size_t>(mRsrc.displayPage)];
-  for (int32_t y = r.top; y <= r.bottom; ++y) {
-    copy_row(page.RealRow(y / mRsrc.grphYScale), target.Row(y), r.left, r.right);
-  }
+  copy_page(target, r, page, mRsrc.grphYScale);
 }
 
 void TScreenPainter::PaintText(TFrameBuffer& target, const TRect& r) {
@@ -141,26 +133,21 @@ void TScreenPainter::PaintCell(TFrameBuffer& target, const TRect& r, int32_t row
   const TRect inside =
       intersection_of(r, {x, y, x + glyphWidth * scale - 1, y + mRsrc.cellHeight - 1});
   if (!inside.IsValid()) return;
-  const uint32_t mask =
-      scale == 1 ? column_mask(inside.left - x, inside.right - x) : column_mask(0, glyphWidth - 1);
   const TRgb& color = mRsrc.txtPal[static_cast<size_t>(mRsrc.txtAttr[at] & 7)];
   const uint32_t pixel = pixel_of(color) | OPAQUE;
-  const int32_t baseline = static_cast<int32_t>(std::floor(mRsrc.txtBaseline + 0.5f));
-  int32_t glyphY = y + baseline + glyph.top;
-  for (const uint32_t bits : glyph.rows) {
-    if (glyphY >= inside.top && glyphY <= inside.bottom) {
-      if (scale == 1) {
-        put_bits(target.Row(glyphY) + x, bits & mask, pixel);
-      } else {
-        put_wide_bits(target.Row(glyphY), x, bits & mask, pixel, inside);
-      }
+  const int32_t baseline = y + static_cast<int32_t>(std::floor(mRsrc.txtBaseline + 0.5f));
+  for (int32_t line = inside.top; line <= inside.bottom; ++line) {
+    const uint32_t bits = glyph.Bits(line - baseline);
+    if (scale == 1) {
+      put_bits(target.Row(line) + x, bits & column_mask(inside.left - x, inside.right - x), pixel);
+    } else {
+      put_wide_bits(target.Row(line), x, bits, pixel, inside);
     }
-    ++glyphY;
   }
 }
 
 void TScreenPainter::PaintCursor(TFrameBuffer& target, const TRect& r) const {
-  if (mRsrc.cursorPos < 0 || mRsrc.cursorPos >= mRsrc.CellCount()) return;
+  if (!mRsrc.IsOnScreen(mRsrc.cursorPos)) return;
   const size_t at = static_cast<size_t>(mRsrc.cursorPos);
   const TTxtCell& cell = mRsrc.txtCell[at];
   const bool hasOwnColor = !cell.IsEmpty() && !cell.IsRightHalf();

@@ -21,9 +21,6 @@ namespace zoka {
 
 namespace {
 
-/// Links that are followed for a file that does not exist yet; the system's own limit.
-constexpr int MAX_LINKS = 40;
-
 std::string_view up_to_nul(std::string_view text) {
   return text.substr(0, text.find('\0'));
 }
@@ -38,13 +35,14 @@ std::string real_path(const std::string& path) {
 std::string link_target(const std::string& path) {
   char target[PATH_MAX];
   const ssize_t length = readlink(path.c_str(), target, sizeof target);
-  return length > 0 ? std::string(target, static_cast<size_t>(length)) : std::string();
+  return std::string(target, static_cast<size_t>(std::max<ssize_t>(length, 0)));
 }
 
 /// Where a file would come to lie that is opened at `path`, which need not exist; empty with errno
 /// set if it can't be told, to ENOENT if a folder on the way does not exist.
 std::string place_of(std::string path) {
-  for (int links = 0; links < MAX_LINKS; ++links) {
+  // This ends: more links than the system follows have no real path, for another reason.
+  for (;;) {
     std::string real = real_path(path);
     if (!real.empty() || errno != ENOENT) return real;
     const std::string folder = real_path(extract_file_folder_path_kernel(path));
@@ -54,8 +52,6 @@ std::string place_of(std::string path) {
     if (target.empty()) return place;
     path = target[0] == '/' ? target : folder + "/" + target;
   }
-  errno = ELOOP;
-  return {};
 }
 
 bool lies_below(const std::string& place, const std::string& folder) {

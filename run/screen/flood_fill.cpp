@@ -16,18 +16,14 @@ TRect TFloodFill::Fill(TGrphPage& page, const TPen& pen, uint8_t border, int32_t
   Append(y * SCREEN_WIDTH + x);
   // The queue grows while it is walked.
   for (size_t i = 0; i < mQueue.size(); ++i) {
-    const int32_t at = mQueue[i];
-    uint8_t& mark = mMarks[static_cast<size_t>(at)];
-    mark = static_cast<uint8_t>(mark - QUEUED);
-    if (!(mark & VISITED)) FillRun(job, at);
+    if (!(mMarks[static_cast<size_t>(mQueue[i])] & VISITED)) FillRun(job, mQueue[i]);
   }
   ForgetMarks(job.box);
   return job.box;
 }
 
 void TFloodFill::Append(int32_t at) {
-  uint8_t& mark = mMarks[static_cast<size_t>(at)];
-  mark = static_cast<uint8_t>(mark + QUEUED);
+  mMarks[static_cast<size_t>(at)] |= QUEUED;
   mQueue.push_back(at);
 }
 
@@ -43,8 +39,10 @@ void TFloodFill::FillRun(TJob& job, int32_t at) {
   const int32_t first = y * SCREEN_WIDTH + x;
   job.box = {std::min(job.box.left, x), std::min(job.box.top, y), job.box.right,
              std::max(job.box.bottom, y)};
-  if (y > 0 && IsOpen(job, first - SCREEN_WIDTH)) Append(first - SCREEN_WIDTH);
-  if (y < SCREEN_HEIGHT - 1 && IsOpen(job, first + SCREEN_WIDTH)) Append(first + SCREEN_WIDTH);
+  const bool hasAbove = y > 0;
+  const bool hasBelow = y < SCREEN_HEIGHT - 1;
+  if (hasAbove && IsOpen(job, first - SCREEN_WIDTH)) Append(first - SCREEN_WIDTH);
+  if (hasBelow && IsOpen(job, first + SCREEN_WIDTH)) Append(first + SCREEN_WIDTH);
   uint8_t* index = job.page.IndexRow(y);
   uint32_t* real = job.page.RealRow(y);
   for (; x < SCREEN_WIDTH && index[x] != job.border; ++x) {
@@ -52,8 +50,8 @@ void TFloodFill::FillRun(TJob& job, int32_t at) {
     index[x] = job.pen.index;
     real[x] = job.pen.real;
     mMarks[static_cast<size_t>(here)] |= VISITED;
-    if (y > 0) LookBeside(job, x, here - SCREEN_WIDTH);
-    if (y < SCREEN_HEIGHT - 1) LookBeside(job, x, here + SCREEN_WIDTH);
+    if (hasAbove) LookBeside(job, x, here - SCREEN_WIDTH);
+    if (hasBelow) LookBeside(job, x, here + SCREEN_WIDTH);
   }
   job.box.right = std::max(job.box.right, x);
 }
@@ -61,7 +59,7 @@ void TFloodFill::FillRun(TJob& job, int32_t at) {
 /// Adds the left end of a run beside the one that is being filled.
 void TFloodFill::LookBeside(const TJob& job, int32_t x, int32_t at) {
   if (x == 0 || job.page.IndexRow(0)[at - 1] != job.border) return;
-  if (IsOpen(job, at) && mMarks[static_cast<size_t>(at)] < QUEUED) Append(at);
+  if (IsOpen(job, at) && !(mMarks[static_cast<size_t>(at)] & QUEUED)) Append(at);
 }
 
 void TFloodFill::ForgetMarks(const TRect& box) {

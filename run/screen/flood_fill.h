@@ -19,7 +19,7 @@ class TFloodFill {
   TRect Fill(TGrphPage& page, const TPen& pen, uint8_t border, int32_t x, int32_t y);
 
  private:
-  /// Of each pixel in mMarks: bit 0 visited, above it how often it stands in the queue.
+  /// Of each pixel in mMarks: whether it is filled, and whether it has been put into the queue.
   static constexpr uint8_t VISITED = 1;
   static constexpr uint8_t QUEUED = 2;
 

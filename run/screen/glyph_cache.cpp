@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 #include FT_FREETYPE_H
 
@@ -27,6 +28,7 @@ struct TPatternDelete {
 using TPattern = std::unique_ptr<FcPattern, TPatternDelete>;
 
 struct TFontFile {
+  /// Empty if there is no such font.
   std::string path;
   int index = 0;
 };
@@ -40,7 +42,7 @@ bool has_family(FcPattern* font, const char* family) {
   return false;
 }
 
-bool find_font(const std::string& family, int32_t em, TFontFile* file) {
+TFontFile find_font(const std::string& family, int32_t em) {
   const TPattern wanted(FcPatternCreate());
   FcPatternAddString(wanted.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(family.c_str()));
   FcPatternAddDouble(wanted.get(), FC_PIXEL_SIZE, em);
@@ -48,24 +50,28 @@ bool find_font(const std::string& family, int32_t em, TFontFile* file) {
   FcDefaultSubstitute(wanted.get());
   FcResult result = FcResultNoMatch;
   const TPattern found(FcFontMatch(nullptr, wanted.get(), &result));
-  if (!found || !has_family(found.get(), family.c_str())) return false;
+  TFontFile file;
   FcChar8* path = nullptr;
-  if (FcPatternGetString(found.get(), FC_FILE, 0, &path) != FcResultMatch) return false;
-  FcPatternGetInteger(found.get(), FC_INDEX, 0, &file->index);
-  file->path = reinterpret_cast<const char*>(path);
-  return true;
+  if (found && has_family(found.get(), family.c_str()) &&
+      FcPatternGetString(found.get(), FC_FILE, 0, &path) == FcResultMatch) {
+    file.path = reinterpret_cast<const char*>(path);
+    FcPatternGetInteger(found.get(), FC_INDEX, 0, &file.index);
+  }
+  return file;
 }
 
 TGlyph glyph_of(const FT_GlyphSlot slot) {
   TGlyph glyph;
   glyph.top = -slot->bitmap_top;
   const FT_Bitmap& bitmap = slot->bitmap;
-  for (unsigned y = 0; y < bitmap.rows; ++y) {
-    const unsigned char* source = bitmap.buffer + static_cast<ptrdiff_t>(y) * bitmap.pitch;
+  const size_t pitch = static_cast<size_t>(bitmap.pitch);
+  const std::span<const unsigned char> buffer(bitmap.buffer, bitmap.rows * pitch);
+  for (size_t y = 0; y < bitmap.rows; ++y) {
+    const auto source = buffer.subspan(y * pitch, pitch);
     uint32_t row = 0;
     for (int32_t i = 0; i < static_cast<int32_t>(bitmap.width); ++i) {
       const int32_t x = slot->bitmap_left + i;
-      const bool isSet = source[i / 8] >> (7 - i % 8) & 1;
+      const bool isSet = source[static_cast<size_t>(i / 8)] >> (7 - i % 8) & 1;
       if (isSet && x >= 0 && x < GLYPH_COLUMNS) row |= 0x80000000u >> x;
     }
     glyph.rows.push_back(row);
@@ -77,7 +83,7 @@ TGlyph glyph_of(const FT_GlyphSlot slot) {
 
 int32_t em_of_font_size(float size) {
   const double em = std::floor(static_cast<double>(size) * 8 / 7 + 0.5);
-  return em >= 1 ? static_cast<int32_t>(std::min<double>(em, MAX_EM)) : 1;
+  return static_cast<int32_t>(std::min<double>(std::max<double>(1, em), MAX_EM));
 }
 
 /// The fonts in the order in which they are asked.
@@ -99,12 +105,10 @@ class TGlyphCache::TFaces {
   TFaces& operator=(const TFaces&) = delete;
 
   TFontHeight Height() const {
-    if (mFaces.empty() || mFaces[0]->units_per_EM == 0) return {};
-    const FT_Face face = mFaces[0];
+    if (mFaces.empty() || !mFaces.front()->units_per_EM) return {};
+    const FT_Face face = mFaces.front();
     const float unit = static_cast<float>(mEm) / static_cast<float>(face->units_per_EM);
-    const int32_t leading = face->height - face->ascender + face->descender;
-    return {static_cast<float>(face->ascender) * unit, static_cast<float>(-face->descender) * unit,
-            static_cast<float>(leading) * unit};
+    return {static_cast<float>(face->ascender) * unit, static_cast<float>(-face->descender) * unit};
   }
 
   TGlyph Glyph(char32_t code, bool isWide) const {
@@ -121,9 +125,8 @@ class TGlyphCache::TFaces {
  private:
   /// Adds a font that is there and was not added before.
   void Add(const std::string& family) {
-    TFontFile file;
+    const TFontFile file = find_font(family, mEm);
     FT_Face face = nullptr;
-    if (!find_font(family, mEm, &file)) return;
     if (std::find(mPaths.begin(), mPaths.end(), file.path) != mPaths.end()) return;
     if (FT_New_Face(mLibrary, file.path.c_str(), file.index, &face) != 0) return;
     if (FT_Set_Pixel_Sizes(face, 0, static_cast<FT_UInt>(mEm)) != 0) {

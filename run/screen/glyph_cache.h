@@ -18,7 +18,6 @@ namespace zoka {
 struct TFontHeight {
   float ascent = 14;
   float descent = 2;
-  float leading = 0;
 };
 
 /// A glyph as bit rows.
@@ -27,6 +26,12 @@ struct TGlyph {
   int32_t top = 0;
   /// Bit 31 is the column of the origin, bit 30 the next one; what lies before it is cut off.
   std::vector<uint32_t> rows;
+
+  /// The bits of row y relative to the baseline; none above and below the glyph.
+  uint32_t Bits(int32_t y) const {
+    const size_t row = static_cast<size_t>(y - top);
+    return row < rows.size() ? rows[row] : 0;
+  }
 };
 
 /// Pixels of the em square at a font size of the settings: a size of 14 gives the 16 pixels that

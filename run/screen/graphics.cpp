@@ -153,11 +153,10 @@ void TGraphics::PutKanji(const TPoint& p, std::string_view utf8, TPutMode mode, 
   TLock lock(mRsrc.mMutex);
   mRsrc.LoadFont();
   const TGlyph& glyph = mRsrc.glyphs.Glyph(utf8);
-  const int32_t top = static_cast<int32_t>(std::floor(mRsrc.fontHeight.ascent + 0.5f)) + glyph.top;
+  const int32_t baseline = static_cast<int32_t>(std::floor(mRsrc.fontHeight.ascent + 0.5f));
   TGrphBlock block{KANJI_SIZE, KANJI_SIZE, 0, 0, KANJI_SIZE, KANJI_SIZE, {}};
   for (int32_t y = 0; y < KANJI_SIZE; ++y) {
-    const size_t row = static_cast<size_t>(y - top);
-    const uint32_t bits = y >= top && row < glyph.rows.size() ? glyph.rows[row] : 0;
+    const uint32_t bits = glyph.Bits(y - baseline);
     for (int32_t x = 0; x < KANJI_SIZE; ++x) {
       block.pixels.push_back(static_cast<uint8_t>(bits << x & 0x80000000u ? fore : back));
     }

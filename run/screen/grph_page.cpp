@@ -12,10 +12,11 @@ namespace zoka {
 namespace {
 
 constexpr size_t PIXELS = static_cast<size_t>(SCREEN_WIDTH) * SCREEN_HEIGHT;
+constexpr size_t BYTES = PIXELS * (sizeof(uint8_t) + sizeof(uint32_t));
 
-/// Zeroed memory that costs nothing until it is touched.
-void* map_zeroed(size_t bytes) {
-  void* memory = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+/// Zeroed memory for both planes that costs nothing until it is touched.
+void* map_zeroed() {
+  void* memory = mmap(nullptr, BYTES, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
   if (memory == MAP_FAILED) throw std::bad_alloc();
   return memory;
 }
@@ -23,11 +24,11 @@ void* map_zeroed(size_t bytes) {
 }  // namespace
 
 TGrphPage::TGrphPage()
-    : mIndex(static_cast<uint8_t*>(map_zeroed(PIXELS * (sizeof(uint8_t) + sizeof(uint32_t))))),
+    : mIndex(static_cast<uint8_t*>(map_zeroed())),
       mReal(reinterpret_cast<uint32_t*>(mIndex + PIXELS)) {}
 
 TGrphPage::~TGrphPage() {
-  munmap(mIndex, PIXELS * (sizeof(uint8_t) + sizeof(uint32_t)));
+  munmap(mIndex, BYTES);
 }
 
 void TGrphPage::Clear(const TPen& pen) {

@@ -11,11 +11,8 @@ namespace zoka {
 
 namespace {
 
-constexpr size_t RGB_BYTES = 3;
-
 std::vector<uint8_t> rgb_bytes(const TFrameBuffer& frame) {
   std::vector<uint8_t> bytes;
-  bytes.reserve(static_cast<size_t>(SCREEN_WIDTH) * SCREEN_HEIGHT * RGB_BYTES);
   for (int32_t y = 0; y < SCREEN_HEIGHT; ++y) {
     for (int32_t x = 0; x < SCREEN_WIDTH; ++x) {
       const uint32_t pixel = frame.Row(y)[x];

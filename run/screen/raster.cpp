@@ -31,6 +31,8 @@ struct TAxis {
   int32_t size;
   /// Pixels from one to the next along this axis.
   ptrdiff_t pitch;
+
+  bool IsOnPage(int64_t at) const { return at >= 0 && at < size; }
 };
 
 /// The walk along the major axis: where it begins on the page, and the fraction there.
@@ -49,17 +51,13 @@ struct TWalk {
 TWalk begin_walk(const TAxis& major, const TAxis& minor) {
   const int64_t d = major.to - major.from;
   const int64_t delta = minor.to - minor.from;
-  TWalk walk{std::max<int64_t>(major.from, 0),
-             std::min<int64_t>(major.to, major.size - 1),
-             0,
-             0,
-             2 * delta,
-             2 * d};
-  const TWide sum = static_cast<TWide>(2) * (walk.first - major.from) * delta + d;
-  const int64_t rows = floor_div(sum, walk.full);
-  walk.minor = minor.from + rows;
-  walk.rest = static_cast<int64_t>(sum - static_cast<TWide>(rows) * walk.full);
-  return walk;
+  const int64_t first = std::max<int64_t>(major.from, 0);
+  const int64_t last = std::min<int64_t>(major.to, major.size - 1);
+  const int64_t full = 2 * d;
+  const TWide sum = static_cast<TWide>(2) * (first - major.from) * delta + d;
+  const int64_t rows = floor_div(sum, full);
+  const int64_t rest = static_cast<int64_t>(sum - static_cast<TWide>(rows) * full);
+  return {first, last, minor.from + rows, rest, 2 * delta, full};
 }
 
 int64_t last_minor(const TWalk& walk) {
@@ -109,7 +107,7 @@ void walk_inside(TGrphPage& page, const TPen& pen, const TWalk& walk) {
 void walk_clipped(TGrphPage& page, const TPen& pen, const TAxis& major, const TAxis& minor,
                   TWalk walk) {
   for (int64_t m = walk.first; m <= walk.last; ++m) {
-    if (walk.minor >= 0 && walk.minor < minor.size) {
+    if (minor.IsOnPage(walk.minor)) {
       const ptrdiff_t offset = m * major.pitch + walk.minor * minor.pitch;
       page.IndexRow(0)[offset] = pen.index;
       page.RealRow(0)[offset] = pen.real;
@@ -123,11 +121,8 @@ void draw_sloped(TGrphPage& page, const TPen& pen, TAxis major, TAxis minor) {
     std::swap(major.from, major.to);
     std::swap(minor.from, minor.to);
   }
-  if (major.to < 0 || major.from >= major.size) return;
-  if (std::max(minor.from, minor.to) < 0 || std::min(minor.from, minor.to) >= minor.size) return;
   const TWalk walk = begin_walk(major, minor);
-  const int64_t end = last_minor(walk);
-  const bool isInside = std::min(walk.minor, end) >= 0 && std::max(walk.minor, end) < minor.size;
+  const bool isInside = minor.IsOnPage(walk.minor) && minor.IsOnPage(last_minor(walk));
   if (!isInside || walk.full >= NEAR_FULL) {
     walk_clipped(page, pen, major, minor, walk);
   } else if (major.pitch == 1) {
@@ -140,9 +135,7 @@ void draw_sloped(TGrphPage& page, const TPen& pen, TAxis major, TAxis minor) {
 }  // namespace
 
 int32_t pixel_coord(double v) {
-  const double rounded = std::floor(v + 0.5);
-  if (rounded >= 2147483647.0) return INT32_MAX;
-  return rounded > -2147483648.0 ? static_cast<int32_t>(rounded) : INT32_MIN;
+  return saturated(std::floor(v + 0.5), INT32_MIN, INT32_MAX);
 }
 
 TRect rect_of(const TPixel& p1, const TPixel& p2) {
@@ -150,10 +143,12 @@ TRect rect_of(const TPixel& p1, const TPixel& p2) {
 }
 
 void draw_line(TGrphPage& page, const TPen& pen, const TPixel& p1, const TPixel& p2) {
+  const TRect box = rect_of(p1, p2);
   if (p1.y == p2.y || p1.x == p2.x) {
-    fill_rect(page, pen, rect_of(p1, p2));
+    fill_rect(page, pen, box);
     return;
   }
+  if (!intersection_of(box, WHOLE_PAGE).IsValid()) return;
   page.Touch();
   const TAxis across{p1.x, p2.x, SCREEN_WIDTH, 1};
   const TAxis down{p1.y, p2.y, SCREEN_HEIGHT, SCREEN_WIDTH};
@@ -183,53 +178,38 @@ void stroke_rect(TGrphPage& page, const TPen& pen, const TRect& r) {
 
 namespace {
 
-/// Moves all rows of one plane by whole rows; the opened ones are filled by the caller.
-template <typename TRow>
-void shift_rows(TRow* plane, int32_t up) {
-  const size_t kept = static_cast<size_t>(SCREEN_HEIGHT - std::abs(up)) * SCREEN_WIDTH;
-  const ptrdiff_t distance = static_cast<ptrdiff_t>(std::abs(up)) * SCREEN_WIDTH;
-  TRow* const from = up > 0 ? plane + distance : plane;
-  TRow* const to = up > 0 ? plane : plane + distance;
-  std::memmove(to, from, kept * sizeof(TRow));
-}
-
-template <typename TRow>
-void shift_columns(TRow* row, int32_t left) {
-  const size_t kept = static_cast<size_t>(SCREEN_WIDTH - std::abs(left));
-  TRow* const from = left > 0 ? row + left : row;
-  TRow* const to = left > 0 ? row : row - left;
-  std::memmove(to, from, kept * sizeof(TRow));
+/// Moves `count` pixels of one plane towards the first by `back` (negative: away from it); the
+/// opened ones are filled by the caller.
+template <typename TPlane>
+void shift_pixels(TPlane* first, int32_t count, int32_t back) {
+  const size_t kept = static_cast<size_t>(count - std::abs(back));
+  std::memmove(first + std::max(-back, 0), first + std::max(back, 0), kept * sizeof(TPlane));
 }
 
 void roll_vertically(TGrphPage& page, const TPen& fill, int32_t v) {
-  shift_rows(page.IndexRow(0), v);
-  shift_rows(page.RealRow(0), v);
-  const int32_t first = v > 0 ? SCREEN_HEIGHT - v : 0;
-  fill_rect(page, fill, {0, first, SCREEN_WIDTH - 1, first + std::abs(v) - 1});
+  shift_pixels(page.IndexRow(0), SCREEN_WIDTH * SCREEN_HEIGHT, v * SCREEN_WIDTH);
+  shift_pixels(page.RealRow(0), SCREEN_WIDTH * SCREEN_HEIGHT, v * SCREEN_WIDTH);
+  // What opens below, or above: one of the two holds nothing.
+  fill_rect(page, fill, {0, SCREEN_HEIGHT - v, WHOLE_PAGE.right, WHOLE_PAGE.bottom});
+  fill_rect(page, fill, {0, 0, WHOLE_PAGE.right, -v - 1});
 }
 
 void roll_horizontally(TGrphPage& page, const TPen& fill, int32_t h) {
   for (int32_t y = 0; y < SCREEN_HEIGHT; ++y) {
-    shift_columns(page.IndexRow(y), h);
-    shift_columns(page.RealRow(y), h);
+    shift_pixels(page.IndexRow(y), SCREEN_WIDTH, h);
+    shift_pixels(page.RealRow(y), SCREEN_WIDTH, h);
   }
-  const int32_t first = h > 0 ? SCREEN_WIDTH - h : 0;
-  fill_rect(page, fill, {first, 0, first + std::abs(h) - 1, SCREEN_HEIGHT - 1});
+  fill_rect(page, fill, {SCREEN_WIDTH - h, 0, WHOLE_PAGE.right, WHOLE_PAGE.bottom});
+  fill_rect(page, fill, {0, 0, -h - 1, WHOLE_PAGE.bottom});
 }
 
 }  // namespace
 
 void roll_page(TGrphPage& page, const TPen& fill, int32_t v, int32_t h) {
-  const bool allGone =
-      v >= SCREEN_HEIGHT || v <= -SCREEN_HEIGHT || h >= SCREEN_WIDTH || h <= -SCREEN_WIDTH;
-  if (allGone) {
-    page.Clear(fill);
-    return;
-  }
   if (page.IsPristine() && fill.index == 0 && fill.real == 0) return;
   page.Touch();
-  if (v != 0) roll_vertically(page, fill, v);
-  if (h != 0) roll_horizontally(page, fill, h);
+  if (v != 0) roll_vertically(page, fill, std::clamp(v, -SCREEN_HEIGHT, SCREEN_HEIGHT));
+  if (h != 0) roll_horizontally(page, fill, std::clamp(h, -SCREEN_WIDTH, SCREEN_WIDTH));
 }
 
 }  // namespace zoka

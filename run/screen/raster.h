@@ -3,6 +3,7 @@
 // more than one inside. No modes, no palette, no STEP: see graphics.h.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 #include "common/types.h"
@@ -15,6 +16,12 @@ struct TPixel {
   int32_t x = 0;
   int32_t y = 0;
 };
+
+/// A whole number within limits; not a number is the lower one.
+inline int32_t saturated(double v, int32_t low, int32_t high) {
+  // std::max gives its first number if the second is none.
+  return static_cast<int32_t>(std::min<double>(std::max<double>(low, v), high));
+}
 
 /// A coordinate as a pixel number: floor(v + 0.5), saturated; not a number is far to the left.
 int32_t pixel_coord(double v);

@@ -32,11 +32,9 @@ bool is_drawable(const TEllipse& ellipse) {
   return ellipse.rx >= 0 && ellipse.ry >= 0;
 }
 
-/// Half the width of row y, or a negative number if the ellipse does not reach it.
+/// Half the width of row y; 0 or not a number if the ellipse does not reach it.
 double half_width(const TEllipse& ellipse, int32_t y) {
-  const double dy = y - ellipse.cy;
-  if (!(std::fabs(dy) < ellipse.ry + 0.5)) return -1;
-  const double part = dy / (ellipse.ry + 0.5);
+  const double part = (y - ellipse.cy) / (ellipse.ry + 0.5);
   return (ellipse.rx + 0.5) * std::sqrt(1 - part * part);
 }
 
@@ -45,8 +43,7 @@ bool covers(double cx, double half, int32_t x) {
 }
 
 int32_t column_of(double v) {
-  if (!(v > BEFORE_PAGE)) return BEFORE_PAGE;
-  return v < BEHIND_PAGE ? static_cast<int32_t>(v) : BEHIND_PAGE;
+  return saturated(v, BEFORE_PAGE, BEHIND_PAGE);
 }
 
 /// The span is guessed from the centre, a column too long at either end since sums are rounded, and
@@ -54,12 +51,10 @@ int32_t column_of(double v) {
 /// never too short, since such a sum that comes near the page is exact.)
 TSpan row_span(const TEllipse& ellipse, int32_t y) {
   const double half = half_width(ellipse, y);
-  if (!(half > 0)) return {};
   const double cx = ellipse.cx;
-  if (!(cx + half >= BEFORE_PAGE && cx - half <= BEHIND_PAGE)) return {};
   TSpan span{column_of(std::floor(cx - half)), column_of(std::ceil(cx + half))};
-  while (span.first <= BEHIND_PAGE && !covers(cx, half, span.first)) ++span.first;
-  while (span.last >= BEFORE_PAGE && !covers(cx, half, span.last)) --span.last;
+  while (!span.IsEmpty() && !covers(cx, half, span.first)) ++span.first;
+  while (!span.IsEmpty() && !covers(cx, half, span.last)) --span.last;
   return span;
 }
 
@@ -70,12 +65,9 @@ struct TRows {
 };
 
 TRows rows_of(const TEllipse& ellipse) {
-  const double top = std::floor(ellipse.cy - ellipse.ry - 0.5);
-  const double bottom = std::ceil(ellipse.cy + ellipse.ry + 0.5);
-  const TRows rows{top > 0 ? static_cast<int32_t>(std::min<double>(top, SCREEN_HEIGHT)) : 0,
-                   bottom < SCREEN_HEIGHT ? static_cast<int32_t>(std::max<double>(bottom, -1)) + 1
-                                          : SCREEN_HEIGHT};
-  return rows;
+  const double first = std::floor(ellipse.cy - ellipse.ry - 0.5);
+  const double end = std::floor(ellipse.cy + ellipse.ry + 1.5);
+  return {saturated(first, 0, SCREEN_HEIGHT), saturated(end, 0, SCREEN_HEIGHT)};
 }
 
 void put_pixel(TGrphPage& page, const TPen& pen, const TPixel& p) {
@@ -89,7 +81,6 @@ void put_span(TGrphPage& page, const TPen& pen, int32_t y, int32_t first, int32_
 /// The pixels of a row that have all four neighbours: the row without its ends, as far as the rows
 /// above and below cover it.
 TSpan inner_span(const TSpan& above, const TSpan& row, const TSpan& below) {
-  if (above.IsEmpty() || below.IsEmpty()) return {};
   return {std::max({row.first + 1, above.first, below.first}),
           std::min({row.last - 1, above.last, below.last})};
 }
@@ -170,7 +161,7 @@ class TSectorTest {
 /// Draws the pixels of a run that lie in the sector.
 void put_sector_run(TGrphPage& page, const TPen& pen, const TSectorTest& sector, int32_t y,
                     const TSpan& run) {
-  const int32_t end = std::min(run.last, SCREEN_WIDTH - 1) + 1;
+  const int32_t end = std::min(run.last + 1, SCREEN_WIDTH);
   int32_t x = std::max(run.first, 0);
   while (x < end) {
     while (x < end && !sector.Holds(x, y)) ++x;

@@ -38,11 +38,10 @@ bool TBasicRsrc::AppendKey(const char* bytes, int32_t numBytes) {
 }
 
 bool TBasicRsrc::PushToKeyBuf(const char* bytes, int32_t numBytes) {
-  bool pushed = false;
-  {
+  const bool pushed = [&] {
     TLock lock(mKeyMutex);
-    pushed = AppendKey(bytes, numBytes);
-  }
+    return AppendKey(bytes, numBytes);
+  }();
   mKeyWake.Signal();
   return pushed;
 }
@@ -77,7 +76,7 @@ std::string TBasicRsrc::WaitForKey(bigtime_t deadline, const TThread* waiter) {
   bool announced = false;
   while (!(waiter && waiter->IsTerminated())) {
     if (TryPopKey(&key)) return key;
-    if (deadline != FOREVER && mClock.system_time() >= deadline) break;
+    if (mClock.system_time() >= deadline) break;
     if (owner && !announced) {
       announced = true;
       owner->KeyWaitBegins(deadline);
@@ -95,7 +94,7 @@ std::string TBasicRsrc::PopFromKeyBuf(const TThread* waiter) {
 std::string TBasicRsrc::PopFromKeyBufWithTimeout(bigtime_t timeout, const TThread* waiter) {
   if (timeout > 0) {
     const bigtime_t now = mClock.system_time();
-    return WaitForKey(timeout > FOREVER - now ? FOREVER : now + timeout, waiter);
+    return WaitForKey(now + std::min(timeout, FOREVER - now), waiter);
   }
   std::string key;
   if (!TryPopKey(&key)) mClock.Poll();

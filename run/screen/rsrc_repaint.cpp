@@ -15,6 +15,11 @@ int32_t near_enough(int32_t v) {
   return std::clamp(v, -FAR_AWAY, FAR_AWAY);
 }
 
+/// The same for cells.
+int32_t near_cell(int64_t cell) {
+  return static_cast<int32_t>(std::clamp<int64_t>(cell, 0, MAX_TXT_CELLS));
+}
+
 }  // namespace
 
 void TBasicRsrc::MarkKernel(const TRect& r) {
@@ -35,8 +40,8 @@ void TBasicRsrc::MarkAll() {
   MarkGrph({0, 0, SCREEN_WIDTH, SCREEN_HEIGHT});
 }
 
-void TBasicRsrc::MarkTxt(int32_t from, int32_t to) {
-  const auto [first, last] = std::minmax(from, to);
+void TBasicRsrc::MarkTxt(int64_t from, int64_t to) {
+  const auto [first, last] = std::minmax({near_cell(from), near_cell(to)});
   const int32_t firstRow = first / txtCols;
   const int32_t lastRow = last / txtCols;
   TRect r{0, firstRow * cellHeight, SCREEN_WIDTH, (lastRow + 1) * cellHeight};
@@ -64,7 +69,7 @@ void TBasicRsrc::SetScrModifiedAll2() {
 
 void TBasicRsrc::SetScrModifiedByTxt2(int32_t from, int32_t to) {
   TLock lock(mMutex);
-  MarkTxt(std::clamp(from, 0, MAX_TXT_CELLS - 1), std::clamp(to, 0, MAX_TXT_CELLS - 1));
+  MarkTxt(from, to);
 }
 
 void TBasicRsrc::UpdateScreen() {

@@ -1,6 +1,7 @@
 // TBasicRsrc, the text screen: printing, scrolling, the line editor's help, reading back.
 #include <algorithm>
 #include <cstring>
+#include <functional>
 
 #include "common/text/utf8.h"
 #include "run/screen/basic_rsrc.h"
@@ -13,8 +14,6 @@ constexpr char CODE_CR = 0x0D;
 constexpr char CODE_LEFT = 0x1D;
 constexpr char CODE_UP = 0x1E;
 constexpr char CODE_DOWN = 0x1F;
-
-constexpr TTxtCell EMPTY_CELL{{TTxtCell::EMPTY, 0, 0, 0, 0}};
 
 /// The row of a cell; cells before the screen have negative rows.
 constexpr int64_t floor_div(int64_t a, int64_t b) {
@@ -150,23 +149,20 @@ int32_t TBasicRsrc::PrintWalk(std::string_view utf8, bool startedInside) {
     lowest = std::min(lowest, cell);
     utf8.remove_prefix(length);
   }
-  const int64_t last = MAX_TXT_CELLS - 1;
-  MarkTxt(static_cast<int32_t>(std::clamp<int64_t>(lowest, 0, last)),
-          static_cast<int32_t>(std::clamp<int64_t>(highest, 0, last)));
+  MarkTxt(lowest, highest);
   // A gigabyte of "up" codes would leave the range of the cursor.
   return static_cast<int32_t>(std::max<int64_t>(cell, INT32_MIN / 2));
 }
 
 void TBasicRsrc::WriteChar(int64_t cell, std::string_view character, bool isWide) {
-  if (cell < 0 || cell >= CellCount()) return;
+  if (!IsOnScreen(cell)) return;
   const size_t at = static_cast<size_t>(cell);
   std::memcpy(txtCell[at].text, character.data(), character.size());
   txtCell[at].text[character.size()] = '\0';
   txtAttr[at] = txtColor;
   // At the end of a row the second half falls into the next row; at the end of the screen it is
   // lost.
-  if (!isWide || cell + 1 >= CellCount()) return;
-  txtCell[at + 1].text[0] = TTxtCell::RIGHT_HALF;
+  if (isWide && IsOnScreen(cell + 1)) txtCell[at + 1].text[0] = TTxtCell::RIGHT_HALF;
 }
 
 void TBasicRsrc::DoCRLF() {
@@ -184,21 +180,18 @@ void TBasicRsrc::SetCursorPos(int32_t pos) {
 // --- Moving text --------------------------------------------------------------------------------
 
 void TBasicRsrc::ScrollTxt2(int32_t rows) {
-  if (rows <= 0) return;
   const int32_t height = ConsoleHeight();
   TranscriptRows(std::min(rows, height));
   TLock lock(mMutex);
   const auto cells = txtCell.begin();
   const auto attrs = txtAttr.begin();
   const int32_t top = consoleTop * txtCols;
-  const int32_t bottom = consoleBottom * txtCols;
-  if (rows < height) {
-    std::copy(cells + top + rows * txtCols, cells + bottom, cells + top);
-    std::copy(attrs + top + rows * txtCols, attrs + bottom, attrs + top);
-  }
+  const int32_t bottom = top + height * txtCols;
+  const int32_t gone = std::min(rows, height) * txtCols;
+  std::copy(cells + top + gone, cells + bottom, cells + top);
+  std::copy(attrs + top + gone, attrs + bottom, attrs + top);
   // The attributes of the blank rows stay, on purpose: COLOR@ colours places, not texts.
-  const int32_t blankFrom = bottom - std::min(rows, height) * txtCols;
-  std::fill(cells + blankFrom, cells + bottom, EMPTY_CELL);
+  std::fill(cells + bottom - gone, cells + bottom, EMPTY_CELL);
   cursorPos -= rows * txtCols;
   scrolledRows += rows;
   if (height > 0) MarkTxt(top, bottom - 1);
@@ -212,12 +205,10 @@ void TBasicRsrc::TranscriptRows(int32_t count) {
 void TBasicRsrc::SlideTxtToLeft(int32_t pos) {
   TLock lock(mMutex);
   const int32_t from = std::clamp(pos, 1, CellCount());
-  int32_t at = from;
-  for (; at < CellCount() && !txtCell[static_cast<size_t>(at)].IsEmpty(); ++at) {
-    txtCell[static_cast<size_t>(at - 1)] = txtCell[static_cast<size_t>(at)];
-  }
-  txtCell[static_cast<size_t>(at - 1)] = EMPTY_CELL;
-  MarkTxt(from - 1, at - 1);
+  const auto cells = txtCell.begin();
+  const auto end = std::find_if(cells + from, cells + CellCount(), std::mem_fn(&TTxtCell::IsEmpty));
+  *std::copy(cells + from, end, cells + from - 1) = EMPTY_CELL;
+  MarkTxt(from - 1, end - cells - 1);
 }
 
 void TBasicRsrc::ClearTxtBuf(int32_t fromRow, int32_t toRow) {
@@ -239,7 +230,7 @@ void TBasicRsrc::ClearTxtKernel(int32_t fromRow, int32_t toRow) {
 void TBasicRsrc::SetCursorShown(bool shown) {
   TLock lock(mMutex);
   cursorShown = shown;
-  if (cursorPos >= 0 && cursorPos < CellCount()) MarkTxt(cursorPos, cursorPos);
+  if (IsOnScreen(cursorPos)) MarkTxt(cursorPos, cursorPos);
 }
 
 bool TBasicRsrc::FlipCursorBlink() {
@@ -265,7 +256,7 @@ void TBasicRsrc::SetTxtAttr(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int3
 
 void TBasicRsrc::SetCellAttr(int32_t cell, int8_t color) {
   TLock lock(mMutex);
-  if (cell < 0 || cell >= CellCount()) return;
+  if (!IsOnScreen(cell)) return;
   txtAttr[static_cast<size_t>(cell)] = color;
   MarkTxt(cell, cell);
 }
@@ -319,7 +310,6 @@ TTxtSnapshot TBasicRsrc::TxtSnapshot() const {
 
 std::string TBasicRsrc::RowText(int32_t row) const {
   TLock lock(mMutex);
-  if (row < 0 || row >= txtRows) return {};
   std::string text;
   AppendCells(row * txtCols, (row + 1) * txtCols, &text);
   text.erase(text.find_last_not_of(' ') + 1);

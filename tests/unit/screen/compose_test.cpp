@@ -107,6 +107,25 @@ TEST_F(TComposeTest, KanjiFillTwoCellsAndSomeComeFromTheOtherFont) {
   EXPECT_NE(Shape(frame, {24, 0, 31, 15}, WHITE).find('#'), std::string::npos);
 }
 
+TEST_F(TComposeTest, AGlyphReachesFromTheFirstColumnToTheLast) {
+  rsrc.Print("＿");
+  painter.DrawComposition(frame);
+  std::string expected;
+  for (int y = 0; y < 16; ++y) expected += std::string(16, y == 15 ? '#' : '.') + '\n';
+  EXPECT_EQ(Shape(frame, {0, 0, 15, 15}, WHITE), expected);
+}
+
+TEST_F(TComposeTest, ACharacterThatIsTooNarrowInEachFontIsShownAllTheSame) {
+  // The default font alone has this one, at half the width of its two cells.
+  rsrc.Print("ğ");
+  painter.DrawComposition(frame);
+  EXPECT_EQ(Shape(frame, {0, 0, 7, 15}, WHITE),
+            "........\n.#....#.\n.#....#.\n..####..\n"
+            "........\n......#.\n..###.#.\n.#...#..\n"
+            ".#...#..\n.#...#..\n..###...\n..#.....\n"
+            "..####..\n.#....#.\n.#....#.\n..####..\n");
+}
+
 TEST_F(TComposeTest, AWideCharacterAtTheLastColumnShowsItsLeftHalf) {
   rsrc.Print("漢");
   rsrc.SetCursorPos(79);
@@ -132,6 +151,23 @@ TEST_F(TComposeTest, TwoHundredLinesAreStretched) {
   painter.DrawComposition(frame);
   EXPECT_EQ(frame.Row(7)[5], RED);
   EXPECT_EQ(frame.Row(14)[5], BLACK);
+}
+
+TEST_F(TComposeTest, APutKanjiHasTheRowsOfThePrintedCharacter) {
+  rsrc.SetGrphYScale(1);
+  graphics.PutKanji({0, 0}, "A", TPutMode::PSet, 7, 2);
+  painter.DrawComposition(frame);
+  EXPECT_EQ(Shape(frame, {0, 0, 7, 15}, WHITE), LETTER_A);
+  EXPECT_EQ(Shape(frame, {8, 0, 15, 15}, RED).find('.'), std::string::npos);
+}
+
+TEST_F(TComposeTest, TheFontIsLoadedForTheFirstCharacterOnly) {
+  rsrc.SetFontHeight({10, 3});
+  painter.DrawComposition(frame);
+  EXPECT_EQ(rsrc.TxtBaseline(), 11.5f);
+  rsrc.Print("A");
+  painter.DrawComposition(frame);
+  EXPECT_EQ(rsrc.TxtBaseline(), 14);
 }
 
 TEST_F(TComposeTest, TextLiesOverGraphics) {
@@ -192,11 +228,24 @@ TEST_F(TComposeTest, TheCursorOnACharacterTakesItsColour) {
 }
 
 TEST_F(TComposeTest, TheCursorOnARightHalfRepaintsTheLeftHalfToo) {
-  rsrc.Print("漢");
+  rsrc.Print("A漢");
   painter.DrawBasic(frame, true);
-  rsrc.SetCursorPos(1);
+  rsrc.SetCursorPos(2);
   rsrc.SetCursorShown(true);
-  EXPECT_EQ(painter.DrawBasic(frame, true), (TRect{0, 0, 16, 16}));
+  EXPECT_EQ(painter.DrawBasic(frame, true), (TRect{8, 0, 24, 16}));
+}
+
+TEST_F(TComposeTest, AShownCursorIsPaintedEachTimeWithItsOwnCellOnly) {
+  rsrc.SetCursorShown(true);
+  painter.DrawBasic(frame, true);
+  EXPECT_EQ(painter.DrawBasic(frame, true), (TRect{0, 0, 8, 16}));
+  rsrc.SetCursorPos(81);
+  EXPECT_EQ(painter.DrawBasic(frame, true), (TRect{8, 16, 16, 32}));
+  for (const int32_t outside : {-1, 2000}) {
+    rsrc.SetCursorPos(outside);
+    rsrc.SetScrModifiedKernel2({100, 100, 107, 107});
+    EXPECT_EQ(painter.DrawBasic(frame, true), (TRect{100, 100, 107, 107})) << outside;
+  }
 }
 
 TEST_F(TComposeTest, ACursorOffTheScreenIsNotShown) {
@@ -223,8 +272,16 @@ TEST_F(TComposeTest, AGraphicPageIsCopiedUnstretched) {
   painter.DrawGrphPage(frame, -1);
   EXPECT_EQ(frame.Row(7)[5], RED);
   EXPECT_EQ(frame.Row(8)[5], BLACK);
+  graphics.Pset({0, 399}, 2);
+  graphics.Pset({639, 399}, 2);
   painter.DrawGrphPage(frame, 2);
   EXPECT_EQ(frame.Row(8)[6], RED);
+  EXPECT_EQ(frame.Row(399)[0], RED);
+  EXPECT_EQ(frame.Row(399)[639], RED);
+  rsrc.SetDisplayPage(2);
+  painter.DrawGrphPage(frame, 0);
+  EXPECT_EQ(frame.Row(7)[5], RED);
+  EXPECT_EQ(frame.Row(8)[6], BLACK);
   rsrc.SetDisplayPage(NO_PAGE);
   painter.DrawGrphPage(frame, -1);
   EXPECT_EQ(frame.Row(7)[5], BLACK);
@@ -256,6 +313,20 @@ TEST_F(TComposeTest, UnknownFamiliesCountAsTheDefault) {
   EXPECT_EQ(Shape(frame, {0, 0, 7, 15}, WHITE), LETTER_A);
 }
 
+TEST_F(TComposeTest, AFamilyIsFoundByEachOfItsNames) {
+  std::vector<std::string> shapes;
+  for (const char* family : {"IPAGothic", "IPAゴシック", "ipagothic", "Unifont-JP"}) {
+    rsrc.SetFontFamilyAndSize(family, 14);
+    rsrc.SetCursorPos(0);
+    rsrc.Print("漢");
+    painter.DrawComposition(frame);
+    shapes.push_back(Shape(frame, {0, 0, 15, 15}, WHITE));
+  }
+  EXPECT_EQ(shapes[1], shapes[0]);
+  EXPECT_EQ(shapes[2], shapes[0]);
+  EXPECT_NE(shapes[3], shapes[0]);
+}
+
 TEST_F(TComposeTest, OtherFamiliesAndSizesStayWithinTheirCells) {
   for (const float size : {5.f, 14.f, 23.f, 50.f}) {
     rsrc.SetFontFamilyAndSize("IPAGothic", size);
@@ -273,6 +344,31 @@ TEST_F(TComposeTest, OtherFamiliesAndSizesStayWithinTheirCells) {
   }
 }
 
+TEST_F(TComposeTest, AnOddSizeHasHalfWidthsToo) {
+  // Of 17 pixels the half is 9; the letter is that of the default font, a row higher than with 16.
+  rsrc.SetFontFamilyAndSize("Unifont-JP", 15);
+  rsrc.Print("A");
+  painter.DrawComposition(frame);
+  EXPECT_EQ(Shape(frame, {0, 0, 7, 15}, WHITE),
+            "........\n........\n........\n...##...\n"
+            "..#..#..\n..#..#..\n..#..#..\n.#....#.\n"
+            ".#....#.\n.######.\n.#....#.\n.#....#.\n"
+            ".#....#.\n.#....#.\n........\n........\n");
+}
+
+TEST_F(TComposeTest, AGlyphWiderThanItsCellsShowsItsLeftPart) {
+  // A bar of five rows at 57 pixels: columns 5 to 51, rows 25 to 21 above a baseline at 30.
+  rsrc.SetFontFamilyAndSize("IPAGothic", 50);
+  rsrc.Print("一");
+  painter.DrawComposition(frame);
+  std::string expected;
+  for (int y = 0; y < 16; ++y) {
+    const bool isBar = y >= 5 && y <= 9;
+    expected += "....." + std::string(11, isBar ? '#' : '.') + '\n';
+  }
+  EXPECT_EQ(Shape(frame, {0, 0, 15, 15}, WHITE), expected);
+}
+
 TEST(TGlyphTest, SizesOfTheSettingsBecomePixels) {
   EXPECT_EQ(em_of_font_size(14), 16);
   EXPECT_EQ(em_of_font_size(7), 8);
@@ -287,6 +383,14 @@ TEST(TGlyphTest, TheDefaultFontHasTheMeasuresOfTheCell) {
   const TFontHeight height = glyphs.Height();
   EXPECT_EQ(height.ascent, 14);
   EXPECT_EQ(height.descent, 2);
+}
+
+TEST(TGlyphTest, MeasuresAreThoseOfTheFontsEmSquare) {
+  // 1802 and 246 of 2048 units.
+  TGlyphCache glyphs;
+  glyphs.SetFontFamilyAndSize("IPAGothic", 14);
+  EXPECT_EQ(glyphs.Height().ascent, 1802 / 128.f);
+  EXPECT_EQ(glyphs.Height().descent, 246 / 128.f);
 }
 
 // --- PNG ----------------------------------------------------------------------------------------

@@ -133,6 +133,22 @@ TEST_F(FullPath, LinksToWhatDoesNotExistYet) {
   EXPECT_EQ(Key("new_outside2"), CANNOT_OPEN);
 }
 
+TEST_F(FullPath, AsManyLinksAreFollowedAsTheSystemFollows) {
+  // link1 leads to link2 and so on, the last one out of the folder or to a new file in it.
+  const auto name = [](char kind, int number) { return kind + std::to_string(number); };
+  for (const auto& [kind, target] :
+       {std::pair{'i', std::string("n")}, {'o', mTemp.Path("diskette/NEW")}}) {
+    mTemp.MakeLink("disk/" + name(kind, 41), target);
+    for (int i = 1; i < 41; ++i) mTemp.MakeLink("disk/" + name(kind, i), name(kind, i + 1));
+  }
+  EXPECT_EQ(Key("i2"), "none");
+  EXPECT_EQ(Key("i1"), CANNOT_OPEN);
+  EXPECT_EQ(Key("o2"), CANNOT_OPEN);
+  // The shortest name of a link is a name, too.
+  mTemp.MakeLink("disk/n", mTemp.Path("diskette/NEW"));
+  EXPECT_EQ(Key("i40"), CANNOT_OPEN);
+}
+
 TEST_F(FullPath, TheDriveItselfMayBeALink) {
   mTemp.MakeLink("link", "disk");
   mDrives.SetFolder(0, mTemp.Path("link"));

@@ -100,6 +100,19 @@ TEST_F(TGraphicsTest, ARadiusIsDrawnAtEachNegativeEndOnly) {
   EXPECT_EQ(Index(325, 100), 1);
 }
 
+TEST_F(TGraphicsTest, ARadiusIsDrawnInAnEllipseWithoutWidthOrHeight) {
+  // From 0 to 45 degrees the outline itself is no more than the centre; the end at 45 degrees lies
+  // 50 times sin 45 = 35 pixels from it.
+  graphics.StrokeArc({100, 100}, {0, 50}, 1, {0, 45, false, true});
+  EXPECT_EQ(CountOf(1), 36);
+  EXPECT_EQ(Index(100, 100), 1);
+  EXPECT_EQ(Index(100, 65), 1);
+  rsrc.ClearGrphBuf();
+  graphics.StrokeArc({100, 100}, {50, 0}, 1, {45, 45, true, false});
+  EXPECT_EQ(CountOf(1), 36);
+  EXPECT_EQ(Index(135, 100), 1);
+}
+
 TEST_F(TGraphicsTest, StrokedArcsRoundTheirAnglesToWholeDegrees) {
   graphics.StrokeArc({300, 200}, {150, 150}, 1, {0.4f, 89.5f, true, true});
   const std::vector<uint8_t> rounded = Plane();
@@ -192,6 +205,30 @@ TEST_F(TGraphicsTest, PaintMarksItsBox) {
   EXPECT_EQ(rsrc.TakeModifiedRect(), (TRect{101, 101, 120, 109}));
 }
 
+TEST_F(TGraphicsTest, PaintGoesRoundASinglePixelOfTheBorder) {
+  for (const TPoint& border : {TPoint{0, 0},
+                               {1, 0},
+                               {320, 0},
+                               {639, 0},
+                               {0, 100},
+                               {1, 100},
+                               {320, 100},
+                               {639, 100},
+                               {0, 300},
+                               {1, 300},
+                               {320, 300},
+                               {639, 300},
+                               {0, 399},
+                               {1, 399},
+                               {320, 399},
+                               {639, 399}}) {
+    rsrc.ClearGrphBuf();
+    graphics.Pset(border, 2);
+    graphics.Paint({320, 200}, 4, 2);
+    EXPECT_EQ(CountOf(4), SCREEN_WIDTH * SCREEN_HEIGHT - 1) << border.x << "," << border.y;
+  }
+}
+
 TEST_F(TGraphicsTest, PaintFillsRandomMazesAsAPixelByPixelSearchDoes) {
   std::mt19937 random(3);
   for (int round = 0; round < 6; ++round) {
@@ -238,6 +275,28 @@ TEST_F(TGraphicsTest, PutMarksThePicture) {
   rsrc.TakeModifiedRect();
   graphics.PutBlock({100, 200}, block, TPutMode::PSet);
   EXPECT_EQ(rsrc.TakeModifiedRect(), (TRect{100, 200, 109, 219}));
+}
+
+TEST_F(TGraphicsTest, APictureTakesTheColoursOfNowAndLeavesThoseBesideIt) {
+  const TGrphBlock block = graphics.GetBlock({0, 0}, {3, 0});
+  graphics.FillRect({10, 10}, {20, 10}, 1);
+  rsrc.SetGrphPal(1, {255, 0, 0});
+  rsrc.SetColorMode(0);
+  graphics.PutBlock({12, 10}, block, TPutMode::Or);
+  for (int32_t x = 10; x <= 20; ++x) {
+    const bool isPut = x >= 12 && x <= 15;
+    EXPECT_EQ(rsrc.GrphBmp(0).RealRow(10)[x], isPut ? 0x0000FFu : 0xFF0000u) << x;
+  }
+}
+
+TEST_F(TGraphicsTest, APictureBesideThePageTouchesNothing) {
+  const TGrphBlock block = graphics.GetBlock({0, 0}, {9, 9});
+  for (const TPoint& p : {TPoint{640, 0}, TPoint{0, 400}, TPoint{-10, 0}, TPoint{0, -10}}) {
+    graphics.PutBlock(p, block, TPutMode::PReset);
+  }
+  EXPECT_TRUE(rsrc.GrphBmp(0).IsPristine());
+  graphics.PutBlock({-9, -9}, block, TPutMode::PReset);
+  EXPECT_EQ(CountOf(15), 1);
 }
 
 TEST_F(TGraphicsTest, XorTwiceRestores) {
@@ -329,6 +388,7 @@ TEST(TPlanarTest, BitsOfThePlanesMakeTheIndex) {
 TEST(TPlanarTest, FourPlanesAndEmptyPictures) {
   const auto all = [](int64_t) { return uint8_t{0xFF}; };
   EXPECT_EQ(planar_block(1, 1, 4, all).pixels, std::vector<uint8_t>{15});
+  EXPECT_EQ(planar_bytes(1, 1, 4), 4);
   EXPECT_EQ(planar_bytes(8, 1, 4), 4);
   for (const auto& [w, h] : {std::pair{0, 5}, {5, 0}, {-1, 5}, {5, -1}}) {
     EXPECT_TRUE(planar_block(w, h, 3, all).pixels.empty());

@@ -49,6 +49,12 @@ TEST(TPixelTest, CoordinatesRoundHalvesUpAndSaturate) {
   EXPECT_EQ(pixel_coord(-0.5), 0);
   EXPECT_EQ(pixel_coord(-0.51), -1);
   EXPECT_EQ(pixel_coord(2.4), 2);
+  EXPECT_EQ(pixel_coord(2147483646.0), INT32_MAX - 1);
+  EXPECT_EQ(pixel_coord(2147483647.0), INT32_MAX);
+  EXPECT_EQ(pixel_coord(2147483648.0), INT32_MAX);
+  EXPECT_EQ(pixel_coord(-2147483647.0), INT32_MIN + 1);
+  EXPECT_EQ(pixel_coord(-2147483648.0), INT32_MIN);
+  EXPECT_EQ(pixel_coord(-2147483649.0), INT32_MIN);
   EXPECT_EQ(pixel_coord(1e30), INT32_MAX);
   EXPECT_EQ(pixel_coord(-1e30), INT32_MIN);
   EXPECT_EQ(pixel_coord(INF), INT32_MAX);
@@ -124,6 +130,23 @@ TEST(TLineTest, ClippedLinesFollowTheFormula) {
   expect_line({-10, -10}, {-1, 500});
   expect_line({700, 100}, {800, 110});
   expect_line({5, 400}, {15, 1400});
+}
+
+TEST(TLineTest, LinesThatOnlyTouchAnEdgeFollowTheFormula) {
+  for (const int32_t outside : {0, 1}) {
+    expect_line({10, -5}, {40, -outside});
+    expect_line({-5, 10}, {-outside, 40});
+    expect_line({-40, 10}, {-outside, 20});
+    expect_line({10, -40}, {20, -outside});
+    expect_line({10, 420}, {40, 399 + outside});
+    expect_line({660, 10}, {639 + outside, 40});
+    expect_line({700, 10}, {639 + outside, 20});
+    expect_line({10, 440}, {20, 399 + outside});
+    expect_line({30, 40}, {-outside, 10});
+    expect_line({40, 30}, {10, -outside});
+    expect_line({600, 350}, {639 + outside, 399});
+    expect_line({600, 370}, {639, 399 + outside});
+  }
 }
 
 TEST(TLineTest, FarLinesFollowTheFormula) {
@@ -325,6 +348,9 @@ TEST(TArcTest, SectorsFollowTheFormula) {
       expect_arc({300, 200, 60, 30}, {start, span});
     }
   }
+  // Of a whole turn the end is no more than a point of the outline, and this one lies outside it.
+  expect_arc({300, 200, 2, 2}, {45, 359});
+  expect_arc({300, 200, 2, 2}, {45, 360});
 }
 
 TEST(TArcTest, QuarterTurnsCounterClockwiseFromTheRight) {

@@ -92,6 +92,8 @@ TEST_F(TKeysTest, AWaitEndsAtItsLimit) {
   EXPECT_EQ(rsrc.PopFromKeyBufWithTimeout(1'000'000, nullptr), "");
   EXPECT_EQ(clock->system_time() - before, 1'000'000);
   EXPECT_EQ(owner.keyWaits, std::vector<bigtime_t>{before + 1'000'000});
+  EXPECT_EQ(rsrc.PopFromKeyBufWithTimeout(1, nullptr), "");
+  EXPECT_EQ(clock->system_time() - before, 1'000'001);
 }
 
 TEST_F(TKeysTest, AWaitEndsAtTheKeysOwnTime) {

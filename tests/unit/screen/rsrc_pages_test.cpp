@@ -47,6 +47,7 @@ TEST_F(TPagesTest, GraphicsStartWithTheValuesOfAFreshMachine) {
   EXPECT_EQ(rsrc.DisplayPage(), 0);
   EXPECT_EQ(rsrc.ColorMode(), 0);
   EXPECT_EQ(rsrc.LastPoint(), (TPoint{0, 0}));
+  for (int8_t page = 0; page < 4; ++page) EXPECT_FALSE(rsrc.PalStale(page));
 }
 
 TEST_F(TPagesTest, NothingTouchesThePagesBeforeTheFirstDrawing) {
@@ -210,6 +211,28 @@ TEST_F(TPagesTest, TextMarksOneRowOrWholeRows) {
   EXPECT_EQ(rsrc.TakeModifiedRect(), (TRect{16, 20, 32, 40}));
 }
 
+TEST_F(TPagesTest, TextMarksReachTheFirstCellAndNoFurther) {
+  rsrc.SetScrModifiedByTxt2(-5, 0);
+  EXPECT_EQ(rsrc.TakeModifiedRect(), (TRect{0, 0, 8, 16}));
+  rsrc.Print("A");
+  EXPECT_EQ(rsrc.TakeModifiedRect(), (TRect{0, 0, 16, 16}));
+  rsrc.SetCursorPos(0);
+  rsrc.SetCursorShown(true);
+  EXPECT_EQ(rsrc.TakeModifiedRect(), (TRect{0, 0, 8, 16}));
+}
+
+TEST_F(TPagesTest, WhatChangesEveryPixelMarksAllOfThem) {
+  const TRect all{0, 0, 640, 400};
+  rsrc.SetGrphVisible(true);
+  EXPECT_EQ(rsrc.TakeModifiedRect(), all);
+  rsrc.SetGrphYScale(1);
+  EXPECT_EQ(rsrc.TakeModifiedRect(), all);
+  rsrc.SetDisplayPage(0);
+  EXPECT_EQ(rsrc.TakeModifiedRect(), all);
+  rsrc.SetFontFamilyAndSize("IPAGothic", 14);
+  EXPECT_EQ(rsrc.TakeModifiedRect(), all);
+}
+
 TEST_F(TPagesTest, PrintMarksFromTheOldCursorToTheNew) {
   rsrc.SetCursorPos(80);
   rsrc.Print("AB");
@@ -227,6 +250,10 @@ TEST_F(TPagesTest, WhatChangesTextMarksThatAndNoMore) {
   EXPECT_EQ(rsrc.TakeModifiedRect(), (TRect{8, 16, 32, 32}));
   rsrc.ClearTxtBuf(2, 4);
   EXPECT_EQ(rsrc.TakeModifiedRect(), (TRect{0, 32, 640, 64}));
+  rsrc.ClearTxtBuf(2, 3);
+  EXPECT_EQ(rsrc.TakeModifiedRect(), (TRect{0, 32, 640, 48}));
+  rsrc.ClearTxtBuf(7, 7);
+  EXPECT_FALSE(rsrc.ModifiedRect().IsValid());
   rsrc.SetTxtAttr(3, 5, 9, 6, 1);
   EXPECT_EQ(rsrc.TakeModifiedRect(), (TRect{0, 80, 640, 112}));
   rsrc.SetCellAttr(82, 1);
@@ -235,6 +262,12 @@ TEST_F(TPagesTest, WhatChangesTextMarksThatAndNoMore) {
   rsrc.TakeModifiedRect();
   rsrc.ScrollTxt2(1);
   EXPECT_EQ(rsrc.TakeModifiedRect(), (TRect{0, 32, 640, 96}));
+  rsrc.SetConsole(2, 1);
+  rsrc.ScrollTxt2(1);
+  EXPECT_EQ(rsrc.TakeModifiedRect(), (TRect{0, 32, 640, 48}));
+  rsrc.SetConsole(2, 0);
+  rsrc.ScrollTxt2(1);
+  EXPECT_FALSE(rsrc.ModifiedRect().IsValid());
 }
 
 TEST_F(TPagesTest, HidingTheCursorMarksItsCell) {
@@ -297,15 +330,17 @@ TEST_F(TPagesTest, OnlyTheFirstTwoDrivesHaveALamp) {
   EXPECT_TRUE(owner.lamps.empty());
 }
 
-TEST_F(TPagesTest, ALampsTimerDoesNotOutliveTheScreen) {
+TEST_F(TPagesTest, NoTimerOfALampOutlivesTheScreen) {
   TWake wake(*clock);
   {
     TBasicRsrc other(*clock);
     other.SetOwner(&owner);
     other.SetFDDAccessLampByDriveIndex(0);
+    clock->snooze(100'000, wake);
+    other.SetFDDAccessLampByDriveIndex(0);
   }
   clock->snooze(1'000'000, wake);
-  EXPECT_EQ(owner.lamps.size(), 1u);
+  EXPECT_EQ(owner.lamps.size(), 2u);
 }
 
 }  // namespace

@@ -45,7 +45,7 @@ TEST_F(TTextTest, CellSizeFollowsColumnsAndRows) {
 }
 
 TEST_F(TTextTest, BaselineFollowsTheFont) {
-  rsrc.SetFontHeight({10, 3, 1});
+  rsrc.SetFontHeight({10, 3});
   EXPECT_EQ(rsrc.TxtBaseline(), (16 - 13) * 0.5f + 10);
 }
 
@@ -72,6 +72,9 @@ TEST_F(TTextTest, ConsoleKeepsWhatIsNotGivenAndIsCutToTheScreen) {
   EXPECT_EQ(rsrc.ConsoleBottom(), 8);
   rsrc.SetConsole(20, 25);
   EXPECT_EQ(rsrc.ConsoleBottom(), 25);
+  rsrc.SetConsole(0, 0);
+  EXPECT_EQ(rsrc.ConsoleTop(), 0);
+  EXPECT_EQ(rsrc.ConsoleBottom(), 0);
 }
 
 // --- Printing -----------------------------------------------------------------------------------
@@ -246,6 +249,18 @@ TEST_F(TTextTest, NegativeCursorWritesNothingUntilItIsBack) {
   EXPECT_EQ(rsrc.CursorPos(), 1);
 }
 
+TEST_F(TTextTest, LineEndsAboveTheScreenLeadToTheNextRow) {
+  for (const int32_t above : {-80, -79, -1}) {
+    rsrc.SetCursorPos(above);
+    rsrc.DoCRLF();
+    EXPECT_EQ(rsrc.CursorPos(), 0) << above;
+    rsrc.SetCursorPos(above - 80);
+    rsrc.Print("\rB");
+    EXPECT_EQ(rsrc.CursorPos(), -79) << above;
+  }
+  EXPECT_EQ(Rows(), TRows{});
+}
+
 TEST_F(TTextTest, BelowTheConsoleTheLastRowIsUsedOverAndOver) {
   rsrc.SetConsole(0, 20);
   rsrc.SetCursorPos(24 * 80 + 78);
@@ -330,18 +345,30 @@ TEST_F(TTextTest, ScrollingByTheHeightBlanksAndLeavesTheRowsAbove) {
   }
   rsrc.SetCursorPos(80);
   rsrc.ScrollTxt2(7);
+  EXPECT_EQ(rsrc.ScrolledRows(), 7);
   EXPECT_EQ(Rows(), TRows{"above"});
   EXPECT_EQ(rsrc.CursorPos(), 80 - 7 * 80);
   EXPECT_EQ(owner.rows, (TRows{"r", "r", "r"}));
 }
 
 TEST_F(TTextTest, ScrollingAnEmptyConsoleMovesTheCursorOnly) {
-  rsrc.SetConsole(20, 0);
   rsrc.Print("keep");
+  for (const int32_t row : {19, 20}) {
+    rsrc.SetCursorPos(row * 80);
+    rsrc.Print("keep");
+  }
+  const TRows before = Rows();
+  rsrc.SetConsole(20, 0);
   rsrc.SetCursorPos(20 * 80);
   rsrc.ScrollTxt2(2);
-  EXPECT_EQ(Rows(), TRows{"keep"});
+  EXPECT_EQ(Rows(), before);
   EXPECT_EQ(rsrc.CursorPos(), 18 * 80);
+  EXPECT_TRUE(owner.rows.empty());
+  // With the top below the bottom it is empty, too.
+  rsrc.SetConsole(5, 3);
+  rsrc.SetConsole(20, -1);
+  rsrc.ScrollTxt2(1);
+  EXPECT_EQ(Rows(), before);
 }
 
 TEST_F(TTextTest, TranscriptComesBeforeTheRowsMoveAndIsTrimmed) {
@@ -468,6 +495,14 @@ TEST_F(TTextTest, ColourOfACellIsThatOfACellInUse) {
   rsrc.SetCellAttr(-1, 5);
 }
 
+TEST_F(TTextTest, ColourOfASingleCellBetweenEqualCorners) {
+  rsrc.SetTxtAttr(3, 5, 3, 5, 6);
+  EXPECT_EQ(rsrc.CellAttr(402), 0);
+  EXPECT_EQ(rsrc.CellAttr(403), 6);
+  EXPECT_EQ(rsrc.CellAttr(404), 0);
+  EXPECT_EQ(rsrc.CellAttr(483), 0);
+}
+
 TEST_F(TTextTest, ColourWithCornersTurnedRoundDoesNothing) {
   rsrc.SetTxtAttr(5, 0, 4, 0, 1);
   rsrc.SetTxtAttr(0, 5, 0, 4, 1);
@@ -477,6 +512,7 @@ TEST_F(TTextTest, ColourWithCornersTurnedRoundDoesNothing) {
 // --- The clipboard's text -----------------------------------------------------------------------
 
 TEST_F(TTextTest, ScreenTextKeepsPrintedBlanksAndEndsEachRow) {
+  EXPECT_EQ(rsrc.ScreenText(), std::string(25, '\n'));
   rsrc.SetTxtSize(80, 20);
   PrintLine("漢 ");
   rsrc.SetCursorPos(162);
