@@ -91,8 +91,8 @@ class TBasicRsrc {
   /// The text of cells `from` to `to` inclusive, an empty cell as a blank. Cut to the screen.
   std::string DisplayedTxt(int32_t from, int32_t to) const;
 
-  /// The text of a row of the screen without its trailing blanks, bytes that are no character as
-  /// U+FFFD. Any thread.
+  /// A row's text without its trailing blanks, bytes that are no character as U+FFFD; nothing for a
+  /// row off the screen. Any thread.
   std::string RowText(int32_t row) const;
   /// All rows as the clipboard gets them: trailing empty cells left out, a line feed after each.
   /// Any thread.

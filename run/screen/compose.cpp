@@ -90,7 +90,7 @@ void TScreenPainter::DrawComposition(TFrameBuffer& target) {
 void TScreenPainter::DrawGrphPage(TFrameBuffer& target, int32_t page) {
   TLock lock(mRsrc.mMutex);
   const int32_t which = page < 0 ? mRsrc.displayPage : page;
-  if (which == NO_PAGE) return fill_frame(target, WHOLE_PAGE, OPAQUE);
+  if (which >= PAGE_COUNT) return fill_frame(target, WHOLE_PAGE, OPAQUE);
   copy_page(target, WHOLE_PAGE, mRsrc.grphBitmap[static_cast<size_t>(which)], 1);
 }
 

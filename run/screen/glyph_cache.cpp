@@ -108,7 +108,9 @@ class TGlyphCache::TFaces {
     if (mFaces.empty() || !mFaces.front()->units_per_EM) return {};
     const FT_Face face = mFaces.front();
     const float unit = static_cast<float>(mEm) / static_cast<float>(face->units_per_EM);
-    return {static_cast<float>(face->ascender) * unit, static_cast<float>(-face->descender) * unit};
+    const int32_t leading = face->height - face->ascender + face->descender;
+    return {static_cast<float>(face->ascender) * unit, static_cast<float>(-face->descender) * unit,
+            static_cast<float>(leading) * unit};
   }
 
   TGlyph Glyph(char32_t code, bool isWide) const {

@@ -18,6 +18,7 @@ namespace zoka {
 struct TFontHeight {
   float ascent = 14;
   float descent = 2;
+  float leading = 0;
 };
 
 /// A glyph as bit rows.

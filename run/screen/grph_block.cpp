@@ -56,6 +56,7 @@ class TBlockRows {
     if (!hasRow || from >= to) return mZeros.data();
     const uint8_t* source =
         mBlock.pixels.data() + (j - mBlock.keptTop) * mBlock.keptWidth + (from - mBlock.keptLeft);
+    if (to - from == mCount) return source;
     std::memcpy(mRow.data() + (from - mLeft), source, static_cast<size_t>(to - from));
     return mRow.data();
   }

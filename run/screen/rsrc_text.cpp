@@ -310,6 +310,7 @@ TTxtSnapshot TBasicRsrc::TxtSnapshot() const {
 
 std::string TBasicRsrc::RowText(int32_t row) const {
   TLock lock(mMutex);
+  if (row < 0 || row >= txtRows) return {};
   std::string text;
   AppendCells(row * txtCols, (row + 1) * txtCols, &text);
   text.erase(text.find_last_not_of(' ') + 1);

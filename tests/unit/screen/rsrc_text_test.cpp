@@ -183,6 +183,18 @@ TEST_F(TTextTest, WideCharactersCountTwoColumnsWhenMeasured) {
   EXPECT_EQ(owner.rows, TRows{""});
 }
 
+TEST_F(TTextTest, RowsOffTheScreenHaveNoText) {
+  rsrc.SetTxtSize(80, 20);
+  for (int32_t row = 0; row < 20; ++row) {
+    rsrc.SetCursorPos(row * 80);
+    rsrc.Print("A");
+  }
+  EXPECT_EQ(rsrc.RowText(-1), "");
+  EXPECT_EQ(rsrc.RowText(0), "A");
+  EXPECT_EQ(rsrc.RowText(19), "A");
+  EXPECT_EQ(rsrc.RowText(20), "");
+}
+
 TEST_F(TTextTest, FullRowLeavesTheCursorOnTheNext) {
   PrintLine(std::string(80, 'A'));
   PrintLine("B");
