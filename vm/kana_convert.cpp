@@ -4,8 +4,8 @@
 #include <array>
 #include <charconv>
 
-#include "common/text/ascii.h"
 #include "common/text/jis.h"
+#include "common/text/number.h"
 #include "common/text/utf8.h"
 
 namespace zoka {
@@ -97,9 +97,7 @@ std::optional<std::string> jis_dl(std::string_view text) {
     code = unicode_to_jis(decode_utf8(text, &length));
     if (code == 0) return std::nullopt;
   }
-  char digits[8];
-  char* end = std::to_chars(digits, digits + sizeof digits, code, 16).ptr;
-  return to_upper({digits, end});
+  return digits_in_base(code, 16);
 }
 
 std::optional<std::string> knj_dl(std::string_view text) {
