@@ -35,7 +35,7 @@ void append_full_ascii(std::string* out, char c) {
       return;
     }
   }
-  if (c > ' ' && c <= '~') {
+  if (c >= '!' && c <= '~') {
     append_utf8(out, FULL_WIDTH_OFFSET + static_cast<unsigned char>(c));
   } else {
     *out += c;
@@ -79,7 +79,6 @@ std::optional<std::string> KacnvDl(std::string_view text) {
   std::string out;
   for (size_t pos = 0; pos < text.size();) {
     size_t length = char_length(text.substr(pos));
-    if (length < 2) return std::nullopt;
     std::string single = single_form(text.substr(pos, length));
     if (single.empty()) return std::nullopt;
     out += single;

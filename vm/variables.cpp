@@ -98,13 +98,11 @@ TStackData TVMachine::LoadSlot(const TVarInfo* var, int32_t slot) const {
       return TStackData::Of(var->floats[slot]);
     case ttDbl:
       return TStackData::Of(var->doubles[slot]);
-    case ttStr: {
+    default: {
       const TText& text = var->texts[slot];
       text.Block()->Retain();
       return TStackData::OfText(text.Block(), text.Length());
     }
-    default:
-      return TStackData::Of(0);
   }
 }
 

@@ -52,6 +52,7 @@ TEST(InterruptPort, StartsWithAllTrapsOffButTheSpeedControl) {
   for (int slot = 0; slot < IR_SLOT_COUNT; ++slot) {
     port.HappenInterrupt(slot == 3 ? 0 : 1u << slot);
   }
+  port.TurnOnInterrupt(0);
   EXPECT_EQ(port.mIrFlags, IR_SPEED_CONTROL);
   port.UnhappenInterrupt(IR_SPEED_CONTROL);
   EXPECT_EQ(port.mIrFlags, 0u);
