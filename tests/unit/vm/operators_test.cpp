@@ -82,6 +82,24 @@ TEST(Operators, ATextInPlaceOfANumberIsReleased) {
   EXPECT_NE(memory_kept_by([](TMachineRig& rig) { rig.Load("A$"); }), 0);
 }
 
+TEST(Operators, ATextInPlaceOfANumberIsReleasedByTestsThatBranch) {
+  const std::function<void(TMachineRig&)> tests[] = {
+      [](TMachineRig& rig) { rig.Load("A$").Int(1).Int(1).Op(BCmpFor); },
+      [](TMachineRig& rig) { rig.Int(-1).Load("A$").Int(1).Op(BCmpFor); },
+      [](TMachineRig& rig) { rig.Int(1).Int(1).Load("A$").Op(BCmpFor); },
+      [](TMachineRig& rig) { rig.Load("A$").Int(0).Op(BEqualInt); },
+      [](TMachineRig& rig) { rig.Int(0).Load("A$").Op(BEqualInt); },
+  };
+  for (const auto& test : tests) {
+    // The test is true: the target is not looked for.
+    EXPECT_EQ(memory_kept_by([&](TMachineRig& rig) {
+                test(rig.Int(10));
+                rig.Op(BFJmp);
+              }),
+              0);
+  }
+}
+
 TEST(Operators, IntegerDivisionRoundsRealOperandsFirst) {
   EXPECT_EQ(on_doubles(BIdivDouble, 7.5, 2.4).lval, 4);
   EXPECT_EQ(on_doubles(BModFloat, 8.6, 4.4).lval, 1);
