@@ -75,6 +75,7 @@ int64_t memory_kept_by(const std::function<void(TMachineRig&)>& use) {
 TEST(Operators, ATextInPlaceOfANumberIsReleased) {
   EXPECT_EQ(memory_kept_by([](TMachineRig& rig) { rig.Load("A$").Op(BNegaInt); }), 0);
   EXPECT_EQ(memory_kept_by([](TMachineRig& rig) { rig.Load("A$").Int(1).Op(BSubInt); }), 0);
+  EXPECT_EQ(memory_kept_by([](TMachineRig& rig) { rig.Load("A$").Load("B%").Op(BSubInt); }), 0);
   EXPECT_EQ(memory_kept_by([](TMachineRig& rig) { rig.Int(1).Load("A$").Op(BSubInt); }), 0);
   EXPECT_EQ(memory_kept_by([](TMachineRig& rig) { rig.Load("A$").Int(1).Int(1).Op(BCmpFor); }), 0);
   EXPECT_EQ(memory_kept_by([](TMachineRig& rig) { rig.Int(1).Load("A$").Int(1).Op(BCmpFor); }), 0);
