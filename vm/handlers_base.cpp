@@ -9,8 +9,8 @@ namespace {
 /// Reads an element over its subscripts; false if that is no matter of the quick way.
 bool load_element(TVMachine& m, const TVarInfo* var) {
   int32_t size = 0;
-  const int32_t slot = is_numeric(var) ? element_slot(m, var, 0, &size) : -1;
-  if (slot < 0) return false;
+  const int32_t slot = is_numeric(var) ? element_slot(m, var, 0, &size) : 0;
+  if (slot == 0) return false;
   m.mStack.Top(size) = number_of(var, slot);
   m.mStack.Shrink(size);
   return true;
@@ -29,7 +29,7 @@ bool store_text(TVMachine& m, TVarInfo* var) {
 bool store_element(TVMachine& m, TVarInfo* var) {
   int32_t size = 0;
   const int32_t slot = element_slot(m, var, 2, &size);
-  if (slot < 0) return false;
+  if (slot == 0) return false;
   set_number(var, slot, m.mStack.Top());
   m.mStack.Shrink(size + 3);
   return true;

@@ -50,7 +50,7 @@ std::string name_field(const TVMachine& m, std::string_view name, int32_t column
 
 std::string size_field(int64_t bytes) {
   std::string field = " " + std::to_string(size_in_kbytes(bytes));
-  if (field.size() < SIZE_COLUMNS) field.append(SIZE_COLUMNS - field.size(), ' ');
+  field.resize(std::max(field.size(), SIZE_COLUMNS), ' ');
   return field;
 }
 

@@ -115,10 +115,11 @@ TCircleOption GetCircleOption(TVMachine& m, int32_t count) {
   float foreground = m.mRsrc->GrphForeColor();
   float color = count >= 1 ? pop_float(m, foreground) : foreground;
   option.color = static_cast<int8_t>(round_off(static_cast<double>(color)));
-  float radius = pop_float(m, 0);
-  option.center.y = pop_float(m, 0);
-  option.center.x = pop_float(m, 0);
-  option.radius = ratio > 1 ? TPoint{radius / ratio, radius} : TPoint{radius, radius * ratio};
+  // What was left out of these reads as 0.
+  float radius = m.PopFloat();
+  option.center.y = m.PopFloat();
+  option.center.x = m.PopFloat();
+  option.radius = {radius / std::max(1.0f, ratio), radius * std::min(ratio, 1.0f)};
   option.arc = arc_operands(start, end);
   if (m.PopBool()) option.center = relative(m.mRsrc->LastPoint(), option.center);
   return option;
@@ -143,7 +144,7 @@ std::shared_ptr<const TGrphBlock> read_planar_picture(TVMachine& m, const TVarIn
   int64_t stride = var.dimCount == 2 ? var.dims[0] : 1;
   auto element = [&](int64_t number) {
     int64_t slot = first + number * stride;
-    if (slot < 0 || slot >= var.slotCount) {
+    if (slot >= var.slotCount) {
       throw m.RuntimeException2("@Runtime_Err_Subscript_Out_Of_Range@");
     }
     return var.ints[slot];
@@ -152,23 +153,20 @@ std::shared_ptr<const TGrphBlock> read_planar_picture(TVMachine& m, const TVarIn
   int64_t width = element(0);
   int64_t height = element(1);
   int64_t bytes = planar_bytes(width, height, planes);
-  int64_t elements = var.strides[var.dimCount];
-  if (bytes > 0 && elements - first < (bytes + 5) / 2 - 1) {
-    throw m.RuntimeException2("@Runtime_Err_Subscript_Out_Of_Range@");
-  }
-  return std::make_shared<TGrphBlock>(planar_block(width, height, planes, [&](int64_t number) {
+  auto byteAt = [&](int64_t number) {
     auto word = static_cast<uint32_t>(element(2 + number / 2));
     return static_cast<uint8_t>(number % 2 == 0 ? word : word >> 8);
-  }));
+  };
+  // The last one first: no room is made for a picture that is not all there.
+  if (bytes > 0) byteAt(bytes - 1);
+  return std::make_shared<TGrphBlock>(planar_block(width, height, planes, byteAt));
 }
 
 /// Pops the operands behind PUT@'s array; all but the first, the mode, mean nothing.
 TPutMode pop_put_mode(TVMachine& m, int32_t count) {
   auto mode = static_cast<int32_t>(TPutMode::Xor);
-  for (int32_t i = count; i > 0; --i) {
-    if (i == 1 && !drop_if_omitted(m)) mode = m.PopInt();
-    if (i > 1) m.Drop();
-  }
+  for (int32_t i = count; i > 1; --i) m.Drop();
+  if (count > 0 && !drop_if_omitted(m)) mode = m.PopInt();
   return static_cast<TPutMode>(mode);
 }
 

@@ -88,7 +88,7 @@ void ExeBasicKinput(TVMachine& m, const TVMCode* code) {
   if (m.mRuntimeCompatiMode == COMPAT_DISK) m.mRsrc->Print("？　");
   TItems items;
   InputFromUser(m, &items, true, nullptr);
-  if (m.IsTerminated() || items.empty()) return;
+  if (m.IsTerminated()) return;
   items.front() = AkcnvDl(items.front());
   m.AssignInputDatas(items, &saved);
 }

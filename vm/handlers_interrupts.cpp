@@ -9,10 +9,6 @@
 namespace zoka {
 namespace {
 
-/// Numbers up to these count on from TRAP_KEY and TRAP_MOUSE.
-constexpr int32_t LAST_KEY_EVENT = 0xFFFF;
-constexpr int32_t LAST_MOUSE_EVENT = 0x3FFFFF;
-
 /// Bits 3 to 15, 18, and 21 to 25: the events that a program may switch.
 constexpr uint32_t TRAP_BITS = 0x03E4FFF8;
 
@@ -21,12 +17,12 @@ uint32_t shifted_mask(int32_t base, int32_t shift) {
 }
 
 /// The mask of an event as programs name it: a key or a mouse event by its number behind the base,
-/// anything else is a mask already. 0 if it is no single event.
+/// up to the next event's mask; anything else is a mask already. 0 if it is no single event.
 uint32_t event_mask(int32_t event) {
   auto mask = static_cast<uint32_t>(event);
-  if (event > TRAP_KEY && event <= LAST_KEY_EVENT) {
+  if (event > TRAP_KEY && event < TRAP_PLAY) {
     mask = shifted_mask(TRAP_KEY, event - TRAP_KEY - 1);
-  } else if (event > TRAP_MOUSE && event <= LAST_MOUSE_EVENT) {
+  } else if (event > TRAP_MOUSE && event < static_cast<int32_t>(IR_MOUSE_LEFT_DOWN)) {
     mask = shifted_mask(TRAP_MOUSE, event - TRAP_MOUSE - 1);
   }
   return std::has_single_bit(mask) && (mask & TRAP_BITS) != 0 ? mask : 0;
@@ -98,7 +94,6 @@ void ExeBasicSetIrState(TVMachine& m, const TVMCode*) {
 void ExeBasicSetIrTgt(TVMachine& m, const TVMCode* code) {
   const auto mask = static_cast<uint32_t>(code->lval());
   const int slot = num_shifts(mask);
-  if (slot < 0) throw m.RuntimeException2(ERR_ILL_FUNC_CALL);
   switch (mask) {
     case IR_KEY_1:
       set_key_targets(m);

@@ -19,10 +19,8 @@ void end_trap(TVMachine& m) {
 class TTargets {
  public:
   TTargets(TVMachine& m, int32_t count) {
-    for (int32_t i = 0; i < count; ++i) {
-      mTargets.reserve(mTargets.size() + 1);
-      mTargets.push_back(m.Pop());
-    }
+    mTargets.reserve(static_cast<size_t>(count));
+    for (int32_t i = 0; i < count; ++i) mTargets.push_back(m.Pop());
     std::reverse(mTargets.begin(), mTargets.end());
   }
   ~TTargets() {

@@ -21,16 +21,15 @@ std::string two_digits(int value) {
   return text.size() < 2 ? "0" + text : text;
 }
 
+/// Of a numeric variable.
 bool slot_equals(const TVarInfo& var, int64_t slot, int32_t wanted) {
   switch (var.kind) {
     case ttInt:
       return var.ints[slot] == wanted;
     case ttSng:
       return var.floats[slot] == static_cast<float>(wanted);
-    case ttDbl:
-      return var.doubles[slot] == static_cast<double>(wanted);
     default:
-      return false;
+      return var.doubles[slot] == static_cast<double>(wanted);
   }
 }
 

@@ -1,5 +1,7 @@
 // CALL MOUSE, and the statement and the function MOUSE.
 #include <algorithm>
+#include <array>
+#include <optional>
 #include <vector>
 
 #include "vm/handler_args.h"
@@ -141,8 +143,8 @@ struct TOperandCount {
   size_t least;
   size_t most;
 };
-constexpr TOperandCount STATEMENT_OPERANDS[] = {{1, 1}, {4, 4}, {4, 5}, {3, 3},
-                                                {5, 5}, {2, 2}, {1, 1}};
+constexpr std::array<TOperandCount, 7> STATEMENT_OPERANDS = {
+    {{1, 1}, {4, 4}, {4, 5}, {3, 3}, {5, 5}, {2, 2}, {1, 1}}};
 constexpr int32_t SET_RANGE = 4;
 
 /// MOUSE 4,x1,y1,x2,y2: the range of the position.
@@ -161,7 +163,7 @@ void mouse_statement(TVMachine& m, const std::vector<TStackData>& operands) {
   if (operands.empty()) throw bad_call(m);
   int32_t form = stack_int(operands[0]);
   if (form < 0 || form >= static_cast<int32_t>(std::size(STATEMENT_OPERANDS))) throw bad_call(m);
-  TOperandCount count = STATEMENT_OPERANDS[form];
+  TOperandCount count = STATEMENT_OPERANDS[static_cast<size_t>(form)];
   if (operands.size() < count.least || operands.size() > count.most) throw bad_call(m);
   // The other forms are accepted without effect.
   if (form == SET_RANGE) set_range(m, operands);
@@ -183,17 +185,18 @@ void ExeBasicCallMouse(TVMachine& m, const TVMCode* code) {
 }
 
 void ExeBasicMouseFunc(TVMachine& m, const TVMCode* code) {
-  int32_t button = code->bval() ? m.PopInt() : 0;
+  std::optional<int32_t> button;
+  if (code->bval()) button = m.PopInt();
   int32_t n = m.PopInt();
   bool wantsButton = n >= 2 && n <= 8;
-  if (code->bval() != wantsButton) throw bad_call(m);
-  if (!wantsButton) return m.PushInt(place_value(m, n));
-  if (button != LEFT && button != RIGHT) throw bad_call(m);
-  m.PushInt(button_value(m, n, button));
+  if (button.has_value() != wantsButton) throw bad_call(m);
+  if (!button) return m.PushInt(place_value(m, n));
+  if (*button != LEFT && *button != RIGHT) throw bad_call(m);
+  m.PushInt(button_value(m, n, *button));
 }
 
 void ExeBasicMouseProc(TVMachine& m, const TVMCode* code) {
-  std::vector<TStackData> operands(static_cast<size_t>(std::max(code->lval(), 0)));
+  std::vector<TStackData> operands(static_cast<size_t>(code->lval()));
   for (auto operand = operands.rbegin(); operand != operands.rend(); ++operand) {
     *operand = m.Pop();
     // Texts are only told from numbers here.

@@ -26,26 +26,19 @@ std::string pop_item(TVMachine& m, TFormat format) {
   return text;
 }
 
-/// True if constants and plain variables alone stand between this instruction and the next item of
+/// True if constants and variables alone stand between this instruction and the next item of
 /// its statement: then nothing can look at the file before that is written.
 bool item_follows(const TVMachine& m) {
-  constexpr int32_t FARTHEST = 8;
-  const std::vector<TVMCode>& codes = m.mMidCode->mCodes;
-  const auto last = std::min(m.PCIndex() + FARTHEST, static_cast<int32_t>(codes.size()) - 1);
-  for (int32_t i = m.PCIndex() + 1; i <= last && !m.mMidCode->IsStatementBegin(i); ++i) {
-    switch (codes[static_cast<size_t>(i)].Cmd()) {
+  // The code's end is none of these.
+  for (int32_t i = m.PCIndex() + 1; !m.mMidCode->IsStatementBegin(i); ++i) {
+    switch (m.mMidCode->mCodes[static_cast<size_t>(i)].Cmd()) {
       case TVMCodeCmd::BPushInt:
       case TVMCodeCmd::BPushFloat:
       case TVMCodeCmd::BPushDouble:
       case TVMCodeCmd::BPushString:
       case TVMCodeCmd::BPushSpecial:
+      case TVMCodeCmd::BLoadArray:
         break;
-      case TVMCodeCmd::BLoadArray: {
-        // A plain variable only: subscripts may raise an error.
-        const TVMCode& mark = codes[static_cast<size_t>(i - 1)];
-        if (mark.Cmd() != TVMCodeCmd::BPushInt || mark.lval() != SUBSCRIPT_END) return false;
-        break;
-      }
       case TVMCodeCmd::PrintSh:
       case TVMCodeCmd::WriteSh:
         return true;
@@ -62,8 +55,8 @@ void write_to_file(TVMachine& m, std::string_view text) {
   TZokaFile& file = open_file(m, m.PopInt());
   THeldOutput& held = m.mHeldOutput;
   bool isWritten = held.Add(&file, text);
-  const bool atOnce = held.IsFull() || m.mWatched || m.IsPlain();
-  if (atOnce || !item_follows(m)) isWritten = held.Flush() && isWritten;
+  const bool atOnce = held.IsFull() || m.IsPlain();
+  if (atOnce || !item_follows(m)) isWritten &= held.Flush();
   if (!isWritten) throw m.RuntimeException2(ERR_CANNOT_WRITE);
 }
 
@@ -107,7 +100,7 @@ void ExeBasicWriteSh(TVMachine& m, const TVMCode* code) {
 
 void ExeBasicPrintUsing(TVMachine& m, const TVMCode* code) {
   bool lineEnd = m.PopBool();
-  std::vector<int32_t> values(static_cast<size_t>(std::max(code->lval(), 0)));
+  std::vector<int32_t> values(static_cast<size_t>(code->lval()));
   for (auto value = values.rbegin(); value != values.rend(); ++value) *value = m.PopInt();
   TText format = m.PopText();
   m.mRsrc->Print(fill_using_format(format.View(), values));

@@ -1,6 +1,5 @@
 // String functions: lengths, parts, searches, conversions between numbers and texts.
 #include <algorithm>
-#include <charconv>
 
 #include "common/text/ascii.h"
 #include "common/text/number.h"
@@ -48,9 +47,9 @@ void push_middle(TVMachine& m, bool hasLength, TJisCount count) {
   // One byte more, since a kanji behind the part may count for it.
   if (begins_in_ascii(view, start + length)) return m.PushString(ascii_part(view, start, length));
   int64_t offset = JisPosToUtf8PosKernel(view, start - 1, count);
-  if (offset >= static_cast<int64_t>(view.size())) return m.PushString("");
   int64_t bytes = JisLenToUtf8Len(view, start - 1, length, count);
-  m.PushString(view.substr(static_cast<size_t>(offset), static_cast<size_t>(bytes)));
+  size_t at = std::min(static_cast<size_t>(offset), view.size());
+  m.PushString(view.substr(at, static_cast<size_t>(bytes)));
 }
 
 /// Pops what INSTR or KINSTR is given, and pushes the position of what was found.
@@ -67,12 +66,9 @@ void push_found(TVMachine& m, bool hasStart, TJisCount count) {
   m.PushInt(static_cast<int32_t>(position + 1));
 }
 
-/// The text without white space at both ends.
-std::string_view trim(std::string_view text) {
-  constexpr std::string_view WHITE_SPACE = " \t\n\v\f\r";
-  size_t begin = text.find_first_not_of(WHITE_SPACE);
-  if (begin == text.npos) return {};
-  return text.substr(begin, text.find_last_not_of(WHITE_SPACE) - begin + 1);
+/// The text without the white space in front.
+std::string_view without_white_space(std::string_view text) {
+  return text.substr(std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size()));
 }
 
 int32_t count_characters(std::string_view text, bool kanji) {
@@ -96,9 +92,7 @@ void push_based(TVMachine& m, int base) {
   int32_t value = m.PopInt();
   check_range(m, value, MIN_WORD, MAX_WORD);
   if (value < 0) value += 0x10000;
-  char digits[8];
-  char* end = std::to_chars(digits, digits + sizeof digits, value, base).ptr;
-  m.PushString(to_upper({digits, end}));
+  m.PushString(digits_in_base(static_cast<uint32_t>(value), base));
 }
 
 }  // namespace
@@ -128,10 +122,9 @@ void ExeBasicLeftDl(TVMachine& m, const TVMCode*) {
   TText text = m.PopText();
   check_range(m, length, 0, MAX_POSITION);
   int64_t bytes = JisPosToUtf8PosKernel(text.View(), length, bytes_count(m));
-  if (bytes >= text.Length()) return m.PushText(std::move(text));
+  const auto kept = static_cast<uint32_t>(std::min<int64_t>(bytes, text.Length()));
   // The part is a leading one, so it shares the text's block.
-  TTextBlock* block = text.Detach();
-  m.PushText(TText(block, static_cast<uint32_t>(bytes)));
+  m.PushText(TText(text.Detach(), kept));
 }
 
 void ExeBasicRightDl(TVMachine& m, const TVMCode*) {
@@ -205,7 +198,7 @@ void ExeBasicChrDl(TVMachine& m, const TVMCode*) {
   check_range(m, code, 0, MAX_BYTE);
   if (code < FIRST_BLANK_CODE) {
     char c = static_cast<char>(code);
-    m.PushString({&c, 1});
+    m.PushString(std::string(1, c));
   } else if (code >= FIRST_KANA_CODE && code <= LAST_KANA_CODE) {
     m.PushString(half_kana(code - FIRST_KANA_CODE));
   } else {
@@ -222,7 +215,7 @@ void ExeBasicOctDl(TVMachine& m, const TVMCode*) {
 
 void ExeBasicVal(TVMachine& m, const TVMCode*) {
   TText text = m.PopText();
-  std::string_view view = trim(text.View()).substr(0, MAX_VAL_BYTES);
+  std::string_view view = without_white_space(text.View()).substr(0, MAX_VAL_BYTES);
   if (view.starts_with('&')) {
     m.PushInt(parse_based(m, view.substr(1)));
   } else {

@@ -136,7 +136,7 @@ uint32_t operation(uint32_t row, uint32_t type) {
   return row * 4 + type;
 }
 
-void add(std::vector<TUnitRow>* rows, TUnit unit, TVMHandler handler, uint32_t operation = 0) {
+void add(std::vector<TUnitRow>* rows, TUnit unit, TVMHandler handler, uint32_t operation) {
   rows->push_back({static_cast<uint32_t>(unit) + operation, handler});
 }
 

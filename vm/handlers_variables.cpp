@@ -48,8 +48,7 @@ void ExeBasicSwap(TVMachine& m, const TVMCode*) {
 }
 
 void ExeBasicData(TVMachine& m, const TVMCode* code) {
-  const TVMCode* end = m.CodeAt(static_cast<int32_t>(m.mMidCode->mCodes.size()));
-  while (code + 1 != end && code[1].Cmd() == TVMCodeCmd::Data) ++code;
+  while (code[1].Cmd() == TVMCodeCmd::Data) ++code;  // the code's end is none
   m.mPC = code;  // the last item of the run; the main loop steps over it
 }
 

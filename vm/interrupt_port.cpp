@@ -32,8 +32,8 @@ TInterruptPort::TInterruptPort() {
 }
 
 void TInterruptPort::HappenInterrupt(uint32_t mask) {
+  if (mask == 0) return;
   const int slot = num_shifts(mask);
-  if (slot < 0) return;
   const bool hasTarget = (mHasTarget.load() >> slot & 1) != 0;
   switch (judge_interrupt(mask, mIrStates[slot].load(), hasTarget)) {
     case TIrVerdict::Terminate:
@@ -57,8 +57,8 @@ void TInterruptPort::UnhappenInterrupt(uint32_t mask) {
 }
 
 void TInterruptPort::TurnOnInterrupt(uint32_t mask) {
+  if (mask == 0) return;
   const int slot = num_shifts(mask);
-  if (slot < 0) return;
   mIrStates[slot].store(TIrState::On);
   if ((mIrMask.fetch_and(~mask) & mask) != 0) mIrFlags.fetch_or(mask);
 }

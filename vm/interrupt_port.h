@@ -2,6 +2,7 @@
 // request. It outlives the run, so no other thread ever holds a machine.
 #pragma once
 
+#include <array>
 #include <atomic>
 #include <cstdint>
 #include <functional>
@@ -59,7 +60,7 @@ class TInterruptPort {
 
   std::atomic<uint32_t> mIrFlags{0};
   std::atomic<uint32_t> mIrMask{0};
-  std::atomic<TIrState> mIrStates[IR_SLOT_COUNT];
+  std::array<std::atomic<TIrState>, IR_SLOT_COUNT> mIrStates;
   /// Bit n: the event of slot n has a GOSUB target.
   std::atomic<uint32_t> mHasTarget{0};
   /// A forced stop was asked for.

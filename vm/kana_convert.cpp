@@ -4,8 +4,8 @@
 #include <array>
 #include <charconv>
 
-#include "common/text/ascii.h"
 #include "common/text/jis.h"
+#include "common/text/number.h"
 #include "common/text/utf8.h"
 
 namespace zoka {
@@ -35,7 +35,7 @@ void append_full_ascii(std::string* out, char c) {
       return;
     }
   }
-  if (c > ' ' && c <= '~') {
+  if (c >= '!' && c <= '~') {
     append_utf8(out, FULL_WIDTH_OFFSET + static_cast<unsigned char>(c));
   } else {
     *out += c;
@@ -79,7 +79,6 @@ std::optional<std::string> KacnvDl(std::string_view text) {
   std::string out;
   for (size_t pos = 0; pos < text.size();) {
     size_t length = char_length(text.substr(pos));
-    if (length < 2) return std::nullopt;
     std::string single = single_form(text.substr(pos, length));
     if (single.empty()) return std::nullopt;
     out += single;
@@ -97,9 +96,7 @@ std::optional<std::string> jis_dl(std::string_view text) {
     code = unicode_to_jis(decode_utf8(text, &length));
     if (code == 0) return std::nullopt;
   }
-  char digits[8];
-  char* end = std::to_chars(digits, digits + sizeof digits, code, 16).ptr;
-  return to_upper({digits, end});
+  return digits_in_base(code, 16);
 }
 
 std::optional<std::string> knj_dl(std::string_view text) {

@@ -37,10 +37,10 @@ class TLineEditor {
         MoveRight();
         break;
       case KEY_UP:
-        MoveToRow(-1);
+        MoveToRow(-1, 0, mRsrc.ConsoleTop());
         break;
       case KEY_DOWN:
-        MoveToRow(1);
+        MoveToRow(1, mRsrc.TxtRows() - 1, mRsrc.ConsoleBottom() - 1);
         break;
       case KEY_BACKSPACE:
         DoBackspace();
@@ -56,10 +56,7 @@ class TLineEditor {
   }
 
   /// What stands on the screen in the range, typed or not.
-  std::string Text() const {
-    int32_t end = std::max(mHigh, Cursor());
-    return end > mLow ? mRsrc.DisplayedTxt(mLow, end - 1) : std::string();
-  }
+  std::string Text() const { return mRsrc.DisplayedTxt(mLow, std::max(mHigh, Cursor()) - 1); }
 
  private:
   int32_t Cursor() const { return mRsrc.CursorPos(); }
@@ -85,9 +82,7 @@ class TLineEditor {
   }
 
   /// Up and down begin a new range: this is how a line on the screen is picked up again.
-  void MoveToRow(int32_t change) {
-    int32_t edgeOfScreen = change < 0 ? 0 : mRsrc.TxtRows() - 1;
-    int32_t edgeOfConsole = change < 0 ? mRsrc.ConsoleTop() : mRsrc.ConsoleBottom() - 1;
+  void MoveToRow(int32_t change, int32_t edgeOfScreen, int32_t edgeOfConsole) {
     if (Row() == edgeOfScreen || (!IsOutside() && Row() == edgeOfConsole)) return;
     mRsrc.SetCursorPos(Cursor() + change * Cols());
     mLow = mHigh = Cursor();
@@ -113,9 +108,10 @@ class TLineEditor {
   void Type(const std::string& key) {
     int64_t scrolled = mRsrc.ScrolledRows();
     mRsrc.Print(key);
-    auto cells = static_cast<int32_t>((mRsrc.ScrolledRows() - scrolled) * Cols());
-    if (cells > 0) {
+    auto rows = static_cast<int32_t>(mRsrc.ScrolledRows() - scrolled);
+    if (rows > 0) {
       // The range goes up with the rows that scrolled.
+      int32_t cells = rows * Cols();
       mLow = std::max(mLow - cells, FirstConsoleCell());
       mHigh = std::max(mHigh - cells, FirstConsoleCell());
     }

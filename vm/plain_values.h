@@ -61,23 +61,23 @@ template <typename T>
 }
 
 /// The slot of an element with one or two subscripts, whose form's values begin `depth` below the
-/// top, if all is plain and in order; else -1. *size is the number of subscripts.
+/// top, if all is plain and in order; else 0. *size is the number of subscripts.
 [[gnu::always_inline]] inline int32_t element_slot(const TVMachine& m, const TVarInfo* var,
                                                    int64_t depth, int32_t* size) {
   const TValueStack& stack = m.mStack;
   const int32_t count = var->dimCount;
-  if (count < 1 || count > 2 || !stack.HasPlain(depth + count + 1)) return -1;
-  if (!is_number(stack.Top(depth).kind) || !is_end_mark(stack.Top(depth + count))) return -1;
+  if (count < 1 || count > 2 || !stack.HasPlain(depth + count + 1)) return 0;
+  if (!is_number(stack.Top(depth).kind) || !is_end_mark(stack.Top(depth + count))) return 0;
   const int32_t first = stack_int(stack.Top(depth));
-  if (first == SUBSCRIPT_END) return -1;
+  if (first == SUBSCRIPT_END) return 0;
   int64_t offset = first;
   if (count == 2) {
     const TStackData& other = stack.Top(depth + 1);
     const int32_t second = is_number(other.kind) ? stack_int(other) : SUBSCRIPT_END;
-    if (second == SUBSCRIPT_END) return -1;
+    if (second == SUBSCRIPT_END) return 0;
     offset += int64_t{second} * var->strides[1];
   }
-  if (offset < m.mRsrc->OptionBase() || offset >= var->strides[count]) return -1;
+  if (offset < m.mRsrc->OptionBase() || offset >= var->strides[count]) return 0;
   *size = count;
   return static_cast<int32_t>(offset) + 1;
 }

@@ -1,6 +1,7 @@
 // The formats of numbers and items.
 #include "vm/print_text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -94,7 +95,7 @@ std::string fill_using_format(std::string_view format, const std::vector<int32_t
     if (end == format.npos) end = format.size();
     std::string number = next < values.size() ? std::to_string(values[next++]) : "";
     size_t width = end - pos;
-    if (number.size() < width) text.append(width - number.size(), ' ');
+    text.append(std::max(width, number.size()) - number.size(), ' ');
     text += number;
     pos = end;
   }

@@ -1,6 +1,7 @@
 // The machine's access to variables: subscripts, elements, storage, and the forms that READ and
 // INPUT set aside.
 #include <algorithm>
+#include <array>
 #include <mutex>
 #include <span>
 
@@ -66,14 +67,13 @@ int32_t TVMachine::FlatSlot(const TVarInfo* var, const int32_t* subscripts, int3
 
 void TVMachine::LayOut(TVarInfo* var, const int32_t* sizes, int32_t count) {
   const TStoreLock lock(*this);
-  int32_t oldDims[MAX_DIMENSIONS + 1];
-  std::copy(std::begin(var->dims), std::end(var->dims), oldDims);
+  const auto oldDims = std::to_array(var->dims);
   const int32_t oldCount = var->dimCount;
   std::copy_n(sizes, count, var->dims);
   var->dims[count] = 0;
   var->dimCount = count;
   if (var->Create(true, &mBudget)) return;
-  std::copy(std::begin(oldDims), std::end(oldDims), var->dims);
+  std::copy(oldDims.begin(), oldDims.end(), var->dims);
   var->dimCount = oldCount;
   throw RuntimeException2(ERR_BAD_DIMENSION);
 }
@@ -98,13 +98,11 @@ TStackData TVMachine::LoadSlot(const TVarInfo* var, int32_t slot) const {
       return TStackData::Of(var->floats[slot]);
     case ttDbl:
       return TStackData::Of(var->doubles[slot]);
-    case ttStr: {
+    default: {
       const TText& text = var->texts[slot];
       text.Block()->Retain();
       return TStackData::OfText(text.Block(), text.Length());
     }
-    default:
-      return TStackData::Of(0);
   }
 }
 

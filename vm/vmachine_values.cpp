@@ -75,9 +75,9 @@ void TVMachine::ChangePC(const TStackData& target) {
 }
 
 bool TVMachine::IsMemorable(const TStackData& target) {
-  if (target.kind == TStackKind::Int) return true;
-  return target.kind == TStackKind::String && target.text->IsImmortal() &&
-         target.length < 1u << TAG_LENGTH_BITS;
+  // A literal is shorter than a line, so its length fits into the tag.
+  return target.kind == TStackKind::Int ||
+         (target.kind == TStackKind::String && target.text->IsImmortal());
 }
 
 void TVMachine::JumpToPopped(const TVMCode* code) {

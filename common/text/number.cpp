@@ -1,4 +1,4 @@
-// Reading numbers without the C library, whose functions depend on the locale and take more forms.
+// Numbers without the C library, whose functions depend on the locale and take more forms.
 #include "common/text/number.h"
 
 #include <algorithm>
@@ -81,6 +81,13 @@ int32_t parse_hex(std::string_view text) {
 
 int32_t parse_octal(std::string_view text) {
   return parse_digits(text, 8);
+}
+
+std::string digits_in_base(uint32_t value, int base) {
+  constexpr size_t MOST_DIGITS = 32;
+  char digits[MOST_DIGITS];
+  char* end = std::to_chars(digits, digits + MOST_DIGITS, value, base).ptr;
+  return to_upper({digits, end});
 }
 
 }  // namespace zoka

@@ -1,8 +1,9 @@
-// Numbers in texts, read the same everywhere, whatever the host's locale: the decimal forms of the
-// language. Nothing here knows the tokeniser's or PRINT's own rules.
+// Numbers in texts, read and written the same everywhere, whatever the host's locale: the decimal
+// forms of the language. Nothing here knows the tokeniser's or PRINT's own rules.
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace zoka {
@@ -20,5 +21,8 @@ double parse_double(std::string_view text);
 /// bits of their number. 0 if there are none.
 int32_t parse_hex(std::string_view text);
 int32_t parse_octal(std::string_view text);
+
+/// The digits of a number in that base, with capitals.
+std::string digits_in_base(uint32_t value, int base);
 
 }  // namespace zoka

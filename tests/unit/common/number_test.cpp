@@ -47,6 +47,13 @@ TEST(ParseDouble, WhatIsNoNumber) {
   EXPECT_TRUE(std::signbit(parse_double("-0")));
 }
 
+TEST(DigitsInBase, AreCapitals) {
+  EXPECT_EQ(digits_in_base(0, 16), "0");
+  EXPECT_EQ(digits_in_base(0xBEEF, 16), "BEEF");
+  EXPECT_EQ(digits_in_base(63, 8), "77");
+  EXPECT_EQ(digits_in_base(UINT32_MAX, 2), std::string(32, '1'));
+}
+
 TEST(ParseDouble, BeyondTheRange) {
   constexpr double INF = std::numeric_limits<double>::infinity();
   EXPECT_EQ(parse_double("1E400"), INF);

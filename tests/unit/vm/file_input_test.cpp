@@ -106,6 +106,7 @@ TEST_F(FileInput, CharactersByPositions) {
   constexpr int32_t DOS = COMPAT_DOS;
   EXPECT_EQ(Characters("A\r\nB", 4, DOS), "A\r\nB");
   EXPECT_EQ(Characters("ｱｲ", 2, DOS), "ｱｲ");
+  EXPECT_EQ(Characters("｡ﾟA", 2, DOS), "｡ﾟ");  // the first and the last kana
   EXPECT_EQ(Characters("あい", 2, DOS), "あ");
   EXPECT_EQ(Characters("あい", 3, DOS), "あい");
   EXPECT_EQ(Characters("あい", 5, DOS), "!");
@@ -126,6 +127,8 @@ TEST_F(FileInput, CharactersWithShiftsUnderDisk) {
 TEST_F(FileInput, HalfACharacterAtTheEnd) {
   EXPECT_EQ(Characters("A\xE3\x81", 2, COMPAT_DOS), "A\xE3\x81");
   EXPECT_EQ(Characters("\xFF", 1, COMPAT_DOS), "\xFF");
+  // No character has more than four bytes.
+  EXPECT_EQ(Characters("\xFFxyz12", 2, COMPAT_DOS), "\xFFxyz");
 }
 
 TEST_F(FileInput, ItemsMayHaveTheBytesThatMemoryAllows) {
@@ -164,15 +167,31 @@ TEST_F(FileInput, ReadingEndsSoonAfterAStop) {
   EXPECT_LE(file.Position(), 1 << 16);
 }
 
-TEST_F(FileInput, ALineBeyondTheRunsMemoryIsRefused) {
-  TMachineRig rig;
-  rig.memoryLimit = 1 << 20;
-  // NULs end a text, but have to be read first.
-  folder.Write("X", std::string(1 << 20, '\0'));
-  rig.rsrc.DrvFolderRefs().SetFolder(0, folder.Path());
-  rig.rsrc.Files().Open(rig.rsrc.DrvFolderRefs(), "X", 1, OPEN_INPUT);
-  rig.Line(10).Int(1).Ref("A$").OpLong(TVMCodeCmd::LineInputSh, 1);
-  EXPECT_EQ(rig.RunToFault(), "@Runtime_Err_Ill_Func_Call@");
+TEST_F(FileInput, ALineMayTakeHalfOfWhatIsLeftOfTheRunsMemory) {
+  constexpr int64_t LIMIT = 1'000'000;
+  struct TCase {
+    int64_t used;
+    size_t bytes;
+    std::string fault;
+  };
+  const TCase cases[] = {
+      {0, 450'000, ""},
+      {0, 550'000, "@Runtime_Err_Ill_Func_Call@"},
+      {600'000, 150'000, ""},
+      {600'000, 250'000, "@Runtime_Err_Ill_Func_Call@"},
+  };
+  for (const TCase& c : cases) {
+    TMachineRig rig;
+    rig.memoryLimit = LIMIT;
+    // NULs end a text, but have to be read first.
+    folder.Write("X", std::string(c.bytes, '\0'));
+    rig.rsrc.DrvFolderRefs().SetFolder(0, folder.Path());
+    rig.rsrc.Files().Open(rig.rsrc.DrvFolderRefs(), "X", 1, OPEN_INPUT);
+    rig.Line(10).Int(1).Ref("A$").OpLong(TVMCodeCmd::LineInputSh, 1);
+    rig.Machine().mBudget.used += c.used;
+    EXPECT_EQ(rig.Run(), c.fault.empty() ? 0 : 1);
+    EXPECT_EQ(rig.FaultKey(), c.fault) << c.used << " " << c.bytes;
+  }
 }
 
 }  // namespace

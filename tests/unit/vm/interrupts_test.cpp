@@ -52,6 +52,7 @@ TEST(InterruptPort, StartsWithAllTrapsOffButTheSpeedControl) {
   for (int slot = 0; slot < IR_SLOT_COUNT; ++slot) {
     port.HappenInterrupt(slot == 3 ? 0 : 1u << slot);
   }
+  port.TurnOnInterrupt(0);
   EXPECT_EQ(port.mIrFlags, IR_SPEED_CONTROL);
   port.UnhappenInterrupt(IR_SPEED_CONTROL);
   EXPECT_EQ(port.mIrFlags, 0u);
@@ -142,12 +143,18 @@ TEST(SetIrState, EventsByNumberAndByMask) {
   EXPECT_EQ(switched_on(8), 8u);
   EXPECT_EQ(switched_on(0x20), 0x20u);
   EXPECT_EQ(switched_on(0x40000), 0x40000u);
+  EXPECT_EQ(switched_on(0x200000), 0x200000u);
+  EXPECT_EQ(switched_on(0x400000), 0x400000u);
 }
 
 TEST(SetIrState, WhatIsNoSingleEventIsIgnored) {
-  for (int32_t event : {0x4B, 0x40 + 40, 0x3F, 0, 1, 2, 4, 0x18, -1, 0x200006, 0x3FFFFF, 0xFFFF,
-                        INT32_MIN, 0x1FFFFF}) {
+  for (int32_t event : {0x4B, 0x40 + 33, 0x40 + 40, 0x3F, 0, 1, 2, 4, 0x18, -1, 0x200006, 0x3FFFFF,
+                        0xFFFF, INT32_MIN, 0x1FFFFF}) {
     EXPECT_EQ(switched_on(event), 0u) << event;
+    TMachineRig rig;
+    set_state(rig, event, TIrState::Stop);
+    EXPECT_EQ(rig.Run(), 0);
+    EXPECT_EQ(rig.machine->Port()->mIrMask, 0u) << event;
   }
 }
 

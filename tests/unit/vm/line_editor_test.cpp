@@ -191,6 +191,10 @@ TEST_F(LineEditor, BackspaceRubsOut) {
   EXPECT_EQ(Screen().RowText(0), "AB");
 }
 
+TEST_F(LineEditor, BackspaceRubsOutTheFirstCell) {
+  EXPECT_EQ(Line({"A", BACKSPACE, "B"}), "B");
+}
+
 TEST_F(LineEditor, BackspacePullsTheRest) {
   EXPECT_EQ(Line({"A", "B", "C", LEFT, BACKSPACE}), "AC");
   EXPECT_EQ(Screen().RowText(0), "AC");
@@ -217,6 +221,7 @@ TEST_F(LineEditor, BackspaceAtARowsStartBehindAnEmptyCellDeletes) {
   Put(80, "XYZ");
   Screen().SetCursorPos(80);
   EXPECT_EQ(Line({BACKSPACE}), "");
+  EXPECT_EQ(Screen().RowText(0), "");
   EXPECT_EQ(Screen().RowText(1), "YZ");
 }
 
@@ -257,6 +262,19 @@ TEST_F(LineEditor, DeleteInTheLastCellDoesNothing) {
   Screen().SetCursorPos(1999);
   EXPECT_EQ(Line({DELETE}), "");
   EXPECT_EQ(Screen().RowText(24), std::string(79, ' ') + "A");
+}
+
+TEST_F(LineEditor, TheScreensEndsBoundTheCursorOutsideAConsole) {
+  ConsoleOfRows5To7();
+  EXPECT_EQ(Moved(0, {LEFT}), 0);
+  Put(0, "XYZ");
+  Screen().SetCursorPos(0);
+  EXPECT_EQ(Line({BACKSPACE}), "");
+  EXPECT_EQ(Screen().RowText(0), "YZ");
+  EXPECT_EQ(Moved(1998, {RIGHT}), 1999);
+  EXPECT_EQ(Moved(1925, {DOWN}), 1925);
+  Screen().SetCursorPos(1999);
+  EXPECT_EQ(Line({RIGHT}), "");
 }
 
 TEST_F(LineEditor, OtherControlKeysAdvance) {
@@ -375,7 +393,8 @@ TEST_F(LineEditor, ItemsOfALine) {
 }
 
 TEST_F(LineEditor, InputDlCountsBytes) {
-  rig.inputs.keys = {"A", "ｱ", "B", "C"};
+  rig.inputs.keys = {"é", "A", "ｱ", "B", "C"};
+  EXPECT_EQ(InputDlFromUser(rig.Machine(), 2), "é");
   EXPECT_EQ(InputDlFromUser(rig.Machine(), 3), "Aｱ");
   EXPECT_EQ(InputDlFromUser(rig.Machine(), 0), "");
   EXPECT_EQ(InputDlFromUser(rig.Machine(), -3), "");
@@ -387,8 +406,33 @@ TEST_F(LineEditor, InputDlCountsBytes) {
 TEST_F(LineEditor, AStoppedMachineReadsNothing) {
   rig.Machine().Terminate();
   std::list<std::string> items = {"old"};
-  InputFromUser(rig.Machine(), &items, true, nullptr);
+  EXPECT_TRUE(InputFromUser(rig.Machine(), &items, true, nullptr));
   EXPECT_TRUE(items.empty());
+}
+
+/// Looks at the cursor whenever a key is waited for.
+class TCursorWatch final : public TTestInputs {
+ public:
+  explicit TCursorWatch(TMachineRig& rig) : TTestInputs(*rig.clock), mScreen(rig.rsrc) {}
+  std::string PopKey(TThread& machine) override {
+    shown.push_back(mScreen.CursorShown());
+    return TTestInputs::PopKey(machine);
+  }
+  std::vector<bool> shown;
+
+ private:
+  TBasicRsrc& mScreen;
+};
+
+TEST_F(LineEditor, TheCursorShowsWhileKeysAreWaitedFor) {
+  TCursorWatch watch(rig);
+  rig.otherInputs = &watch;
+  watch.keys = {"A", "\x0D", "B"};
+  std::list<std::string> items;
+  EXPECT_TRUE(InputFromUser(rig.Machine(), &items, true, nullptr));
+  EXPECT_EQ(InputDlFromUser(rig.Machine(), 1), "B");
+  EXPECT_EQ(watch.shown, (std::vector<bool>{true, true, true}));
+  rig.machine.reset();
 }
 
 TEST(InputStatement, AThousandVariables) {

@@ -362,6 +362,14 @@ TEST(Time, SleepOfTheGreatestCountDoesNotOverflow) {
   EXPECT_EQ(rig.clock->system_time(), int64_t{INT32_MAX} * 1000);
 }
 
+TEST(Time, InkeyDoesNotWait) {
+  TMachineRig rig;
+  rig.Op(InkeyDl);
+  EXPECT_EQ(rig.Run(), 0);
+  EXPECT_EQ(rig.TextOf(rig.Value()), "");
+  EXPECT_EQ(rig.inputs.timeouts, std::vector<bigtime_t>{0});
+}
+
 TEST(Time, NegativeSleepIsAnIllegalCall) {
   TMachineRig rig;
   rig.Int(-1).Op(XSleep);

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 #include <limits>
 
 #include "tests/unit/vm/machine_rig.h"
@@ -53,8 +54,51 @@ TEST(Operators, IntegerDivisionTruncatesAndTheRemainderTakesTheLeftSign) {
   EXPECT_EQ(on_ints(BIdivInt, -7, 2), -3);
   EXPECT_EQ(on_ints(BModInt, -7, 2), -1);
   EXPECT_EQ(on_ints(BModInt, 7, -2), 1);
+  EXPECT_EQ(on_ints(BIdivInt, 7, -1), -7);
   EXPECT_EQ(on_ints(BIdivInt, INT32_MIN, -1), INT32_MIN);
   EXPECT_EQ(on_ints(BModInt, INT32_MIN, -1), 0);
+}
+
+/// What is left of the memory's charge when A$ has gone: 0 if `use` keeps no part of its text.
+int64_t memory_kept_by(const std::function<void(TMachineRig&)>& use) {
+  const auto used_by = [](const std::function<void(TMachineRig&)>& part) {
+    TMachineRig rig;
+    rig.Ref("A$").Text("ab").Text("c").Op(BAddString).Assign().Int(9);
+    part(rig);
+    rig.Ref("A$").Text("").Assign();
+    EXPECT_EQ(rig.Run(), 0);
+    return rig.machine->mBudget.used;
+  };
+  return used_by(use) - used_by([](TMachineRig&) {});
+}
+
+TEST(Operators, ATextInPlaceOfANumberIsReleased) {
+  EXPECT_EQ(memory_kept_by([](TMachineRig& rig) { rig.Load("A$").Op(BNegaInt); }), 0);
+  EXPECT_EQ(memory_kept_by([](TMachineRig& rig) { rig.Load("A$").Int(1).Op(BSubInt); }), 0);
+  EXPECT_EQ(memory_kept_by([](TMachineRig& rig) { rig.Load("A$").Load("B%").Op(BSubInt); }), 0);
+  EXPECT_EQ(memory_kept_by([](TMachineRig& rig) { rig.Int(1).Load("A$").Op(BSubInt); }), 0);
+  EXPECT_EQ(memory_kept_by([](TMachineRig& rig) { rig.Load("A$").Int(1).Int(1).Op(BCmpFor); }), 0);
+  EXPECT_EQ(memory_kept_by([](TMachineRig& rig) { rig.Int(1).Load("A$").Int(1).Op(BCmpFor); }), 0);
+  EXPECT_EQ(memory_kept_by([](TMachineRig& rig) { rig.Int(1).Int(1).Load("A$").Op(BCmpFor); }), 0);
+  EXPECT_NE(memory_kept_by([](TMachineRig& rig) { rig.Load("A$"); }), 0);
+}
+
+TEST(Operators, ATextInPlaceOfANumberIsReleasedByTestsThatBranch) {
+  const std::function<void(TMachineRig&)> tests[] = {
+      [](TMachineRig& rig) { rig.Load("A$").Int(1).Int(1).Op(BCmpFor); },
+      [](TMachineRig& rig) { rig.Int(-1).Load("A$").Int(1).Op(BCmpFor); },
+      [](TMachineRig& rig) { rig.Int(1).Int(1).Load("A$").Op(BCmpFor); },
+      [](TMachineRig& rig) { rig.Load("A$").Int(0).Op(BEqualInt); },
+      [](TMachineRig& rig) { rig.Int(0).Load("A$").Op(BEqualInt); },
+  };
+  for (const auto& test : tests) {
+    // The test is true: the target is not looked for.
+    EXPECT_EQ(memory_kept_by([&](TMachineRig& rig) {
+                test(rig.Int(10));
+                rig.Op(BFJmp);
+              }),
+              0);
+  }
 }
 
 TEST(Operators, IntegerDivisionRoundsRealOperandsFirst) {

@@ -1,0 +1,1 @@
+10 SLEEP 0:PRINT "on"

@@ -1,0 +1,1 @@
+10 PRINT TAB(0);"a":PRINT TAB(-3);"b"
