@@ -17,6 +17,8 @@ TEST(SjisToUnicode, KnownPairs) {
   EXPECT_EQ(sjis_to_unicode(0x87, 0x40), 0x2460u);
   EXPECT_EQ(sjis_to_unicode(0xEA, 0xA4), 0x7199u);
   EXPECT_EQ(sjis_to_unicode(0xF0, 0x40), 0xE000u);
+  EXPECT_EQ(sjis_to_unicode(0x81, 0xFC), 0x25EFu);
+  EXPECT_EQ(sjis_to_unicode(0xFC, 0x4B), 0x9ED1u);
 }
 
 TEST(SjisToUnicode, NoneOutside) {

@@ -62,6 +62,8 @@ TEST(ParseDouble, BeyondTheRange) {
 TEST(ParseDigits, HexadecimalAndOctal) {
   EXPECT_EQ(parse_hex("fFg"), 255);
   EXPECT_EQ(parse_hex("FFFFFFFF"), -1);
+  EXPECT_EQ(parse_hex("aA"), 170);
+  EXPECT_EQ(parse_hex("@"), 0);
   EXPECT_EQ(parse_hex("123456789"), 0x23456789);
   EXPECT_EQ(parse_hex(""), 0);
   EXPECT_EQ(parse_octal("178"), 15);
