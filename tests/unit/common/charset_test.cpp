@@ -45,6 +45,7 @@ TEST(DetectCrType, ComparesCounts) {
   EXPECT_EQ(detect_cr_type(""), 0);
   EXPECT_EQ(detect_cr_type("A"), 0);
   EXPECT_EQ(detect_cr_type("A\nB\n"), 0);
+  EXPECT_EQ(detect_cr_type("A\r\n"), 1);
   EXPECT_EQ(detect_cr_type("A\r\nB\r\n"), 1);
   EXPECT_EQ(detect_cr_type("A\r\nB\n"), 0);
   EXPECT_EQ(detect_cr_type("A\r\nB\r"), 2);

@@ -50,6 +50,7 @@ TEST(UnicodeToJis, KnownCharacters) {
   EXPECT_EQ(unicode_to_jis(0x3042), 0x2422u);
   EXPECT_EQ(unicode_to_jis(0x6F22), 0x3441u);
   EXPECT_EQ(unicode_to_jis(0x2460), 0x2D21u);
+  EXPECT_EQ(unicode_to_jis(0), 0u);
   EXPECT_EQ(unicode_to_jis('A'), 0u);
   EXPECT_EQ(unicode_to_jis(0xFF71), 0u);
   EXPECT_EQ(unicode_to_jis(0x1F600), 0u);
