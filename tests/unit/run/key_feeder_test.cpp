@@ -183,9 +183,10 @@ TEST_F(KeyFeeder, NothingBeforeTheRunBegins) {
 
 TEST_F(KeyFeeder, TheProgramComesFirst) {
   Begin("ab");
+  feeder.Add(parsed("c"));
   EXPECT_EQ(Take(), "");
   Pass(1);
-  EXPECT_EQ(Take(), "ab");
+  EXPECT_EQ(Take(), "abc");
 }
 
 TEST_F(KeyFeeder, AWaitForAKeyNeedsNoTime) {
