@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -175,9 +176,9 @@ class TCompiler {
 
   // --- argument reader (deal_token.cpp)
   bool CheckArg(const TArgSpec& spec, int32_t* index, TTokenKind kind) const;
-  TToken DealToken(const TToken& first, int32_t min, int32_t max, const TArgSpec& spec,
+  TToken DealToken(const TToken& first, int32_t min, const TArgSpec& spec,
                    std::vector<TToken>* args);
-  TToken GenProcDealToken(const TToken& keyword, int32_t min, int32_t max, const TArgSpec& spec,
+  TToken GenProcDealToken(const TToken& keyword, int32_t min, const TArgSpec& spec,
                           std::vector<TToken>* args);
 
   // The members' includes have an order of their own.
@@ -201,7 +202,7 @@ class TCompiler {
   bool mDataMode = false;
   bool mInUserFuncDef = false;
   const char* mSource = nullptr;
-  int32_t mDosFeatureCount = 0;
+  bool mUsesDosFeature = false;  // what only the one dialect has was compiled
   int64_t mPos = 0;
   int64_t mTokenBegin = 0;  // where the last token began, for the fault's byte range
   int32_t mPhysicalLine = 0;

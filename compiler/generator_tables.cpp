@@ -7,29 +7,29 @@ namespace zoka {
 // The tables lie in zeroed memory, of which only the few pages that hold a row are ever touched.
 
 const TCompiler::TProc* TCompiler::ProcTable() {
-  static TProc table[OPERATION_COUNT];
-  [[maybe_unused]] static const bool filled = [] {
+  static const TProc* const TABLE = [] {
+    static TProc table[OPERATION_COUNT];
 #define ZOKA_STATEMENT(spelling, operation, generator) \
   table[static_cast<size_t>(TVMCodeCmd::operation)] = &TCompiler::GenProc##generator;
 #define ZOKA_BOTH(spelling, operation, statement, function) \
   ZOKA_STATEMENT(spelling, operation, statement)
 #include "core/keywords.def"
-    return true;
+    return table;
   }();
-  return table;
+  return TABLE;
 }
 
 const TCompiler::TFunc* TCompiler::FuncTable() {
-  static TFunc table[OPERATION_COUNT];
-  [[maybe_unused]] static const bool filled = [] {
+  static const TFunc* const TABLE = [] {
+    static TFunc table[OPERATION_COUNT];
 #define ZOKA_FUNCTION(spelling, operation, generator) \
   table[static_cast<size_t>(TVMCodeCmd::operation)] = &TCompiler::GenFunc##generator;
 #define ZOKA_BOTH(spelling, operation, statement, function) \
   ZOKA_FUNCTION(spelling, operation, function)
 #include "core/keywords.def"
-    return true;
+    return table;
   }();
-  return table;
+  return TABLE;
 }
 
 }  // namespace zoka

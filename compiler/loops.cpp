@@ -1,6 +1,5 @@
 // FOR and WHILE. A loop is a block: its NEXT or WEND is the one that ends the block in the text.
-#include <charconv>
-
+#include "common/text/number.h"
 #include "compiler/compiler.h"
 #include "compiler/depth.h"
 #include "compiler/error_keys.h"
@@ -159,14 +158,14 @@ void TCompiler::AppendCodes(const std::vector<TVMCode>& codes) {
 // a number for its text. The names are never compared with the loops' variables, and their values
 // stay on the machine's stack.
 TToken TCompiler::GenNextList(const TToken& next) {
-  int32_t count = 0;
   if (IsWord(next, "NEXT")) {
+    int32_t count = 0;
     TToken token = GenMultiExpr(Token(), &count, nullptr);
     return count > 1 ? remaining_next(count - 1, token.kind) : token;
   }
-  std::from_chars(next.text.data(), next.text.data() + next.text.size(), count);
+  const int32_t loops = parse_long(next.text);
   const TToken end = end_of_next(next.text);
-  return count > 1 ? remaining_next(count - 1, end.kind) : end;
+  return loops > 1 ? remaining_next(loops - 1, end.kind) : end;
 }
 
 }  // namespace zoka

@@ -80,7 +80,7 @@ TToken TCompiler::GenLineOptions(const TToken& first, TVMCodeCmd* cmd, int32_t* 
   if (IsMultiExprEndToken(token)) return token;
   if (token.kind != ttComma) {
     if (token.kind != ttIdent || token.text[0] != 'B') throw CompileException(KEY_SYNTAX_ERR);
-    const bool filled = token.text.size() > 1 && token.text[1] == 'F';
+    const bool filled = token.text[1] == 'F';
     *cmd = filled ? TVMCodeCmd::FillRect : TVMCodeCmd::StrokeRect;
     token = Token();
   }
@@ -103,9 +103,11 @@ TToken TCompiler::GenProcCircle(const TToken&) {
   bool fill = false;
   int32_t count = 0;
   if (token.kind == ttComma) token = GenCircleOptions(Token(), &arc, &fill, &count);
-  static constexpr TVMCodeCmd CMDS[2][2] = {{TVMCodeCmd::StrokeEllipse, TVMCodeCmd::FillEllipse},
-                                            {TVMCodeCmd::StrokeArc, TVMCodeCmd::FillArc}};
-  AddCodeLong(CMDS[arc ? 1 : 0][fill ? 1 : 0], count);
+  if (arc) {
+    AddCodeLong(fill ? TVMCodeCmd::FillArc : TVMCodeCmd::StrokeArc, count);
+  } else {
+    AddCodeLong(fill ? TVMCodeCmd::FillEllipse : TVMCodeCmd::StrokeEllipse, count);
+  }
   return token;
 }
 

@@ -39,9 +39,9 @@ constexpr bigtime_t FIRST_KEY_DELAY = 20'000;
 constexpr int64_t MAX_WAIT_MS = 86'400'000;
 
 bool parse_number(std::string_view text, int64_t low, int64_t high, int64_t* value) {
-  auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), *value);
-  return error == std::errc() && end == text.data() + text.size() && *value >= low &&
-         *value <= high;
+  const char* const last = text.data() + text.size();
+  auto [end, error] = std::from_chars(text.data(), last, *value);
+  return error == std::errc() && end == last && *value >= low && *value <= high;
 }
 
 bool parse_point(std::string_view text, TPoint* point) {
@@ -182,16 +182,15 @@ void TKeyFeeder::Release() {
 }
 
 void TKeyFeeder::End() {
-  if (TTimerId start = mStartTimer.exchange(0)) mClock.CancelTimer(start);
+  mClock.CancelTimer(mStartTimer.load());
   TTimerId timer;
   {
     TLock lock(mMutex);
     mActive = false;
-    mStarving = false;
     timer = std::exchange(mTimer, 0);
   }
   mAdded.Signal();
-  if (timer != 0) mClock.CancelTimer(timer);
+  mClock.CancelTimer(timer);
 }
 
 void TKeyFeeder::HasRoom() {
@@ -229,7 +228,7 @@ void TKeyFeeder::Look() {
 void TKeyFeeder::WaitBegins(bigtime_t deadline) {
   {
     TLock lock(mMutex);
-    mStarving = mActive && deadline == FOREVER;
+    mStarving = deadline == FOREVER;
   }
   Release();
   if (deadline == FOREVER) AwaitKeys();
@@ -248,7 +247,7 @@ bool TKeyFeeder::TakeNext(TFeedItem* item) {
   int32_t room = KEY_BUF_SIZE - mView.Rsrc().KeyBufCount();
   int32_t wanted = 0;
   if (next.kind == TFeedItem::TKind::Key) wanted = 1;
-  if (next.kind == TFeedItem::TKind::FunctionKey && next.number <= FUNC_KEY_COUNT) {
+  if (next.kind == TFeedItem::TKind::FunctionKey) {
     wanted = static_cast<int32_t>(mView.Rsrc().FuncKeyStr(next.number - 1).size());
   }
   if (room < wanted && room < KEY_BUF_SIZE) return false;

@@ -35,8 +35,8 @@ std::string TLiveInputs::PopKeyWithTimeout(bigtime_t timeout, TThread& machine) 
 }
 
 bool TLiveInputs::IsKeyDown(uint8_t code) {
-  if (mKeyFeeder != nullptr && mKeyFeeder->IsKeyDown(code)) return true;
-  return code < KEY_MATRIX_SIZE && mHost.KeyStates().test(code);
+  const bool isTyped = mKeyFeeder != nullptr && mKeyFeeder->IsKeyDown(code);
+  return isTyped || mHost.KeyStates().test(code);
 }
 
 int32_t TLiveInputs::ProducerConnections() {

@@ -1,8 +1,10 @@
 // Times of day.
 #include "run/run_alarm.h"
 
-#include <charconv>
 #include <utility>
+
+#include "common/text/ascii.h"
+#include "common/text/number.h"
 
 namespace zoka {
 namespace {
@@ -22,11 +24,11 @@ int32_t parse_time_of_day(std::string_view text) {
   if (text.size() != 8 || text[2] != ':' || text[5] != ':') return -1;
   int32_t parts[3];
   constexpr int32_t LIMITS[3] = {HOURS_PER_DAY, MINUTES_PER_HOUR, SECONDS_PER_MINUTE};
-  for (int i = 0; i < 3; ++i) {
-    const char* begin = text.data() + i * 3;
-    if (*begin < '0' || *begin > '9') return -1;
-    auto [end, error] = std::from_chars(begin, begin + 2, parts[i]);
-    if (error != std::errc() || end != begin + 2 || parts[i] >= LIMITS[i]) return -1;
+  for (size_t i = 0; i < 3; ++i) {
+    const std::string_view part = text.substr(i * 3, 2);
+    if (!is_digit(part[0]) || !is_digit(part[1])) return -1;
+    parts[i] = parse_long(part);
+    if (parts[i] >= LIMITS[i]) return -1;
   }
   return second_of_day(parts[0], parts[1], parts[2]);
 }
@@ -45,8 +47,7 @@ int32_t TRunAlarm::Set(std::string_view hhmmss, std::function<void()> ring) {
 }
 
 void TRunAlarm::Clear() {
-  const TTimerId timer = mTimer.exchange(0);
-  if (timer != 0) mClock.CancelTimer(timer);
+  mClock.CancelTimer(mTimer.load());
 }
 
 }  // namespace zoka

@@ -58,8 +58,7 @@ void TRunPicture::StartBlinking() {
 }
 
 void TRunPicture::StopBlinking() {
-  if (mBlinkTimer != 0) mClock.CancelTimer(mBlinkTimer);
-  mBlinkTimer = 0;
+  mClock.CancelTimer(mBlinkTimer);
 }
 
 void TRunPicture::CursorBlinkRqtd() {

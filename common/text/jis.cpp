@@ -15,8 +15,8 @@ namespace {
 
 constexpr unsigned FIRST_LEAD = 0x81;
 constexpr unsigned FIRST_TRAIL = 0x40;
-constexpr unsigned LEADS = 0xFC - FIRST_LEAD + 1;
-constexpr unsigned TRAILS = 0xFC - FIRST_TRAIL + 1;
+constexpr unsigned LAST_LEAD = 0xFC;
+constexpr unsigned LAST_TRAIL = 0xFC;
 constexpr UChar ICU_UNKNOWN = 0xFFFD;
 constexpr UChar ICU_SUBSTITUTE = 0x001A;
 
@@ -57,9 +57,9 @@ class TPairTable {
     UErrorCode error = U_ZERO_ERROR;
     UConverter* converter = ucnv_open("windows-31j", &error);
     if (U_FAILURE(error)) return;
-    for (unsigned lead = FIRST_LEAD; lead < FIRST_LEAD + LEADS; ++lead) {
+    for (unsigned lead = FIRST_LEAD; lead <= LAST_LEAD; ++lead) {
       if (!is_sjis_lead(static_cast<unsigned char>(lead))) continue;
-      for (unsigned trail = FIRST_TRAIL; trail < FIRST_TRAIL + TRAILS; ++trail) {
+      for (unsigned trail = FIRST_TRAIL; trail <= LAST_TRAIL; ++trail) {
         if (!is_sjis_trail(static_cast<unsigned char>(trail))) continue;
         mCharacters[lead - FIRST_LEAD][trail - FIRST_TRAIL] = Convert(converter, lead, trail);
       }
@@ -88,7 +88,8 @@ class TPairTable {
     }
   }
 
-  std::array<std::array<char16_t, TRAILS>, LEADS> mCharacters{};
+  std::array<std::array<char16_t, LAST_TRAIL - FIRST_TRAIL + 1>, LAST_LEAD - FIRST_LEAD + 1>
+      mCharacters{};
   std::unordered_map<char32_t, uint32_t> mCodes;
 };
 

@@ -51,7 +51,6 @@ bool decode_multi_byte(std::string_view text, char32_t* code, size_t* length) {
 }  // namespace
 
 int32_t full_kana_index(std::string_view text) {
-  if (text.size() < KANA_BYTES) return -1;
   for (int32_t i = 0; i < HALF_KANA_COUNT; ++i) {
     if (text.substr(0, KANA_BYTES) == full_kana(i)) return i;
   }
@@ -65,8 +64,8 @@ void append_utf8(std::string* text, char32_t code) {
     return;
   }
   const int following = code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
-  const unsigned marks[] = {0, 0xC0, 0xE0, 0xF0};
-  text->push_back(static_cast<char>(marks[following] | code >> (6 * following)));
+  const unsigned marks[] = {0xC0, 0xE0, 0xF0};
+  text->push_back(static_cast<char>(marks[following - 1] | code >> (6 * following)));
   for (int i = following - 1; i >= 0; --i)
     text->push_back(static_cast<char>(0x80 | (code >> (6 * i) & 0x3F)));
 }

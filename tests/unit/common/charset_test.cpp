@@ -21,7 +21,10 @@ TEST(DetectCharset, EscapesWinThenFaults) {
       {"\xC0\x80", 0},
       {"\xF0\x9F\x98\x80", 0},
       {"\x82\xA0", 11},
+      {"\x7F", 0},
+      {"\x80", 11},
       {"\xB1", 11},
+      {"\xBF", 11},
       {"\xC3", 11},
       {"\xFF", 11},
       {"\xE3\x81", 11},
@@ -42,6 +45,7 @@ TEST(DetectCrType, ComparesCounts) {
   EXPECT_EQ(detect_cr_type(""), 0);
   EXPECT_EQ(detect_cr_type("A"), 0);
   EXPECT_EQ(detect_cr_type("A\nB\n"), 0);
+  EXPECT_EQ(detect_cr_type("A\r\n"), 1);
   EXPECT_EQ(detect_cr_type("A\r\nB\r\n"), 1);
   EXPECT_EQ(detect_cr_type("A\r\nB\n"), 0);
   EXPECT_EQ(detect_cr_type("A\r\nB\r"), 2);

@@ -17,6 +17,8 @@ TEST(SjisToUnicode, KnownPairs) {
   EXPECT_EQ(sjis_to_unicode(0x87, 0x40), 0x2460u);
   EXPECT_EQ(sjis_to_unicode(0xEA, 0xA4), 0x7199u);
   EXPECT_EQ(sjis_to_unicode(0xF0, 0x40), 0xE000u);
+  EXPECT_EQ(sjis_to_unicode(0x81, 0xFC), 0x25EFu);
+  EXPECT_EQ(sjis_to_unicode(0xFC, 0x4B), 0x9ED1u);
 }
 
 TEST(SjisToUnicode, NoneOutside) {
@@ -48,6 +50,7 @@ TEST(UnicodeToJis, KnownCharacters) {
   EXPECT_EQ(unicode_to_jis(0x3042), 0x2422u);
   EXPECT_EQ(unicode_to_jis(0x6F22), 0x3441u);
   EXPECT_EQ(unicode_to_jis(0x2460), 0x2D21u);
+  EXPECT_EQ(unicode_to_jis(0), 0u);
   EXPECT_EQ(unicode_to_jis('A'), 0u);
   EXPECT_EQ(unicode_to_jis(0xFF71), 0u);
   EXPECT_EQ(unicode_to_jis(0x1F600), 0u);

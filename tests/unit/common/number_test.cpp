@@ -11,6 +11,7 @@ namespace {
 
 TEST(ParseLong, StopsAtTheFirstOtherCharacter) {
   EXPECT_EQ(parse_long("12"), 12);
+  EXPECT_EQ(parse_long(" 7"), 7);
   EXPECT_EQ(parse_long(" \t-12.9"), -12);
   EXPECT_EQ(parse_long("+7x"), 7);
   EXPECT_EQ(parse_long("1E3"), 1);
@@ -37,6 +38,7 @@ TEST(ParseDouble, DecimalForms) {
   EXPECT_EQ(parse_double("1E+"), 1);
   EXPECT_EQ(parse_double("1D5"), 1);
   EXPECT_EQ(parse_double("12,5"), 12);
+  EXPECT_EQ(parse_double(std::string_view("1.55", 3)), 1.5);
 }
 
 TEST(ParseDouble, WhatIsNoNumber) {
@@ -69,6 +71,8 @@ TEST(ParseDouble, BeyondTheRange) {
 TEST(ParseDigits, HexadecimalAndOctal) {
   EXPECT_EQ(parse_hex("fFg"), 255);
   EXPECT_EQ(parse_hex("FFFFFFFF"), -1);
+  EXPECT_EQ(parse_hex("aA"), 170);
+  EXPECT_EQ(parse_hex("@"), 0);
   EXPECT_EQ(parse_hex("123456789"), 0x23456789);
   EXPECT_EQ(parse_hex(""), 0);
   EXPECT_EQ(parse_octal("178"), 15);

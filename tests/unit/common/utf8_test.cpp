@@ -56,6 +56,8 @@ TEST(Kana, NeighboursAreNone) {
   EXPECT_EQ(half_kana_index("\xEF\xBD"), -1);
   EXPECT_EQ(half_kana_index(""), -1);
   EXPECT_EQ(full_kana_index("あ"), -1);
+  EXPECT_EQ(full_kana_index("\xE3\x80"), -1);
+  EXPECT_EQ(full_kana_index(""), -1);
 }
 
 TEST(IsKanji, MultiByteButNotHalfKana) {
@@ -75,9 +77,8 @@ TEST(AppendUtf8, EveryLength) {
     append_utf8(&text, code);
   EXPECT_EQ(text, "A\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF");
   std::string bad;
-  append_utf8(&bad, 0xD800);
-  append_utf8(&bad, 0x110000);
-  EXPECT_EQ(bad, "\xEF\xBF\xBD\xEF\xBF\xBD");
+  for (char32_t code : {0xD800, 0xDFFF, 0x110000}) append_utf8(&bad, code);
+  EXPECT_EQ(bad, "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD");
 }
 
 TEST(DecodeUtf8, RoundTripOfAllCharacters) {
@@ -92,14 +93,18 @@ TEST(DecodeUtf8, RoundTripOfAllCharacters) {
 }
 
 TEST(DecodeUtf8, FaultsTakeOneByte) {
-  for (const char* text : {"\x80", "\xC0\x80", "\xC1\xBF", "\xE0\x80\x80", "\xED\xA0\x80",
-                           "\xF4\x90\x80\x80", "\xE3\x81", "\xE3\x41\x81", "\xC3\x41",
-                           "\xE3\x41\x42", "\xE3\x81\x42", "\xF0\x9F\x98\x42", "\xFF"}) {
+  for (const char* text :
+       {"\x80", "\x80\x90\x80\x80", "\xC0\x80", "\xC1\xBF", "\xE0\x80\x80", "\xED\xA0\x80",
+        "\xED\xBF\xBF", "\xF4\x90\x80\x80", "\xE3\x81", "\xE3\x41\x81", "\xC3\x41", "\xE3\x41\x42",
+        "\xE3\x81\x42", "\xF0\x9F\x98\x42", "\xFF"}) {
     size_t length = 0;
     EXPECT_EQ(decode_utf8(text, &length), 0xFFFDu) << text;
     EXPECT_EQ(length, 1u) << text;
     EXPECT_FALSE(is_utf8(text)) << text;
   }
+  size_t length = 1;
+  EXPECT_EQ(decode_utf8("", &length), 0xFFFDu);
+  EXPECT_EQ(length, 0u);
   EXPECT_TRUE(is_utf8("Aあｱ😀"));
   EXPECT_TRUE(is_utf8(""));
 }

@@ -133,6 +133,8 @@ TEST(Types, OfParentheses) {
   EXPECT_EQ(value_of("1 AND (A$)"), LOGIC_STRING);
   EXPECT_EQ(value_of("A$ AND (1)"), load("A$") + "; BPushInt 1; BAndInt");
   EXPECT_EQ(value_of("1+(2.5)"), "BPushInt 1; BPushFloat 2.5; BAddFloat");
+  EXPECT_EQ(value_of("(A$)+1"), MISMATCH_CALC);
+  EXPECT_EQ(value_of("(2.5)+1"), "BPushFloat 2.5; BPushInt 1; BAddFloat");
   // The wish to take the next operand's type outlives a parenthesis.
   EXPECT_EQ(value_of("0 OR (1.5#)*3"), "BPushInt 0; BPushDouble 1.5; BPushInt 3; BMulInt; BOrInt");
 }

@@ -27,6 +27,12 @@ constexpr char NO_WHILE[] = "@Compile_Err_Wend_Without_While@";
 #define NESTED \
   SET("I!", 1) SEP HEAD("I!", INT(2), INT(1)) SEP SET("J!", 1) SEP INNER_HEAD("J!", INT(3))
 
+// FOR I=1 TO 2:FOR J=1 TO 3:FOR K=1 TO 4:NEXT K,J,I
+#define THREE_LOOPS                                                                       \
+  NESTED SEP SET("K!", 1) SEP HEAD_OF("@L6", "@L7", "@L8", INT(-1), "K!", INT(4), INT(1)) \
+      SEP LOAD("K!") SEP LOAD("J!") SEP LOAD("I!") SEP JMP("@L6") SEP                     \
+      "@L8:" SEP INNER_TAIL SEP TAIL
+
 constexpr TCompileRow FOR[] = {
     {"FOR I=1 TO 3:NEXT", SET("I!", 1) SEP HEAD("I!", INT(3), INT(1)) SEP TAIL},
     {"FOR I=1 TO 3\n20 NEXT",
@@ -80,6 +86,11 @@ constexpr TCompileRow NEXT[] = {
      NESTED SEP LOAD("J!") SEP LOAD("I!") SEP INNER_TAIL SEP TAIL SEP "BLineBegin 20" SEP "Beep 0"},
     {"FOR I=1 TO 2:FOR J=1 TO 3:NEXT J,I 'x\n20 BEEP",
      NESTED SEP LOAD("J!") SEP LOAD("I!") SEP INNER_TAIL SEP TAIL SEP "BLineBegin 20" SEP "Beep 0"},
+    {"FOR I=1 TO 2:FOR J=1 TO 3:FOR K=1 TO 4:NEXT K,J,I:BEEP", THREE_LOOPS SEP "Beep 0"},
+    {"FOR I=1 TO 2:FOR J=1 TO 3:FOR K=1 TO 4:NEXT K,J,I\n20 BEEP",
+     THREE_LOOPS SEP "BLineBegin 20" SEP "Beep 0"},
+    {"FOR I=1 TO 2:FOR J=1 TO 3:FOR K=1 TO 4:NEXT K,J", NO_NEXT},
+    {"FOR I=1 TO 2:FOR J=1 TO 3:FOR K=1 TO 4:NEXT K,J,I,H", NO_FOR},
     // A place left out counts, a trailing comma doesn't.
     {"FOR I=1 TO 2:FOR J=1 TO 3:NEXT ,I", NESTED SEP OMIT SEP LOAD("I!") SEP INNER_TAIL SEP TAIL},
     {"FOR I=1 TO 2:FOR J=1 TO 3:NEXT J,", NO_NEXT},

@@ -19,6 +19,8 @@ constexpr TCompileRow FORMS[] = {
      INT(1) SEP INT(2) SEP INT(3) SEP INT(4) SEP INT(5) SEP INT(6) SEP "Play 6"},
     {"PLAY \"ON\"", STR("ON") SEP "Play 1"},
     {"PLAY ALLOC 1,2", INT(1) SEP INT(2) SEP "PlayAlloc 2"},
+    {"PLAY ALLOC 1,2,3,4,5,6",
+     INT(1) SEP INT(2) SEP INT(3) SEP INT(4) SEP INT(5) SEP INT(6) SEP "PlayAlloc 6"},
     {"PLAY ALLOC", "PlayAlloc 0"},
     {"PLAY ON", INT(262144) SEP INT(2) SEP "SetIrState"},
     {"PLAY OFF", INT(262144) SEP INT(0) SEP "SetIrState"},

@@ -20,6 +20,7 @@ constexpr TCompileRow FORMS[] = {
     {"COLOR@(0,1)-(2,3)", INT(0) SEP INT(1) SEP INT(2) SEP INT(3) SEP "ColorAt 0"},
     {"COLOR@(0,1)-(2,3),5", INT(0) SEP INT(1) SEP INT(2) SEP INT(3) SEP INT(5) SEP "ColorAt 1"},
     {"CONSOLE 0,25", INT(0) SEP INT(25) SEP "Console 2"},
+    {"CONSOLE 1", INT(1) SEP "Console 1"},
     {"CONSOLE ,10", OMIT SEP INT(10) SEP "Console 2"},
     {"CONSOLE 1,2,0,1,0", INT(1) SEP INT(2) SEP INT(0) SEP INT(1) SEP INT(0) SEP "Console 5"},
     {"FILES", "Files 0"},

@@ -45,6 +45,7 @@ TEST(Variables, TypeIsSettledWhereTheNameStands) {
             load("S$") + "; " + load("T$") + "; " + load("U$") + "; " + load("V!"));
   EXPECT_EQ(code_of("DEFINT A-Z:DEFSNG B:A:B:C"),
             load("A%") + "; " + load("B!") + "; " + load("C%"));
+  EXPECT_EQ(code_of("DEFINT A-Z:Z"), load("Z%"));
   EXPECT_EQ(code_of("DEFINT A:A!"), load("A!"));
   // In the order of the text, whatever the order of execution.
   TCompiling compiling;

@@ -91,12 +91,17 @@ TEST(KeyText, WhatIsRefused) {
                            "{WAIT x}",
                            "{WAIT -1}",
                            "{WAIT 1 }",
+                           "{WAIT 86400001}",
                            "{WAIT 99999999999}",
                            "{MOVE}",
                            "{MOVE 1}",
                            "{MOVE 1,}",
                            "{MOVE 1,2,3}",
                            "{MOVE 99999,1}",
+                           "{MOVE -32769,0}",
+                           "{MOVE 32768,0}",
+                           "{MOVE 0,-32769}",
+                           "{MOVE 0,32768}",
                            "{ LEFT}",
                            "{LEFT }",
                            "\\",
@@ -106,6 +111,27 @@ TEST(KeyText, WhatIsRefused) {
     std::string error;
     EXPECT_FALSE(parse_key_text(text, &items, &error)) << text;
     EXPECT_FALSE(error.empty()) << text;
+  }
+}
+
+TEST(KeyText, LimitsOfNumbers) {
+  const auto items = parsed("{WAIT 86400000}{MOVE -32768,32767}{MOVE 32767,-32768}");
+  ASSERT_EQ(items.size(), 3u);
+  EXPECT_EQ(items[0].delay, 86'400'000'000);
+  EXPECT_EQ(items[1].point.x, -32768);
+  EXPECT_EQ(items[1].point.y, 32767);
+  EXPECT_EQ(items[2].point.x, 32767);
+  EXPECT_EQ(items[2].point.y, -32768);
+}
+
+TEST(KeyText, TheErrorNamesWhatIsRefused) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"a{LEFT}{X}b", "{X}"}, {"a{LEFT", "{LEFT"}, {"a\\x{LEFT}b", "\\x{LEFT}"}, {"a\\", "\\"}};
+  for (const auto& [text, refused] : rows) {
+    std::deque<TFeedItem> items;
+    std::string error;
+    EXPECT_FALSE(parse_key_text(text, &items, &error)) << text;
+    EXPECT_EQ(error, refused) << text;
   }
 }
 
@@ -157,9 +183,10 @@ TEST_F(KeyFeeder, NothingBeforeTheRunBegins) {
 
 TEST_F(KeyFeeder, TheProgramComesFirst) {
   Begin("ab");
+  feeder.Add(parsed("c"));
   EXPECT_EQ(Take(), "");
   Pass(1);
-  EXPECT_EQ(Take(), "ab");
+  EXPECT_EQ(Take(), "abc");
 }
 
 TEST_F(KeyFeeder, AWaitForAKeyNeedsNoTime) {
@@ -183,13 +210,16 @@ TEST_F(KeyFeeder, KeysAreHeldBackWhileTheBufferIsFull) {
 }
 
 TEST_F(KeyFeeder, AFunctionKeyWaitsForRoomForItsText) {
-  rig.view->Rsrc().SetFuncKeyStr(0, "12345");
-  Begin("ABCDEFGHIJKL{F1}");
-  Pass(1);
-  EXPECT_EQ(rig.view->Rsrc().KeyBufCount(), 12);
-  rig.view->Rsrc().PopFromKeyBufWithTimeout(0, nullptr);
-  EXPECT_EQ(rig.view->Rsrc().KeyBufCount(), KEY_BUF_SIZE);
-  EXPECT_EQ(Take(), "BCDEFGHIJKL12345");
+  for (int32_t number : {1, 10}) {
+    rig.view->Rsrc().SetFuncKeyStr(number - 1, "12345");
+    Begin("ABCDEFGHIJKL{F" + std::to_string(number) + "}");
+    Pass(1);
+    EXPECT_EQ(rig.view->Rsrc().KeyBufCount(), 12);
+    rig.view->Rsrc().PopFromKeyBufWithTimeout(0, nullptr);
+    EXPECT_EQ(rig.view->Rsrc().KeyBufCount(), KEY_BUF_SIZE);
+    EXPECT_EQ(Take(), "BCDEFGHIJKL12345");
+    feeder.End();
+  }
 }
 
 TEST_F(KeyFeeder, AFunctionKeyLongerThanTheBufferGoesToAnEmptyOne) {
@@ -241,6 +271,19 @@ TEST(KeyFeederRun, AProgramIsStoppedWhenTheKeysAreUsedUp) {
     EXPECT_EQ(rig.Screen()[1], "@Runtime_Err_Stop_Break@ in 10");
     rig.view->QuitBasic();
   }
+}
+
+TEST(KeyFeederRun, TheNextProgramIsNotStoppedBeforeItWaits) {
+  TRunRig rig;
+  TKeyFeeder feeder(*rig.clock, *rig.view);
+  rig.view->SetKeyFeeder(&feeder);
+  // The first one ends while it waits without limit, before the keys are used up.
+  feeder.Add(parsed("{BREAK}{WAIT 100}"));
+  feeder.Finish();
+  rig.Run("10 LINE INPUT A$\n");
+  EXPECT_EQ(rig.Run("10 CLS:SLEEP 1000:INPUT WAIT 10,A:PRINT \"X\"\n"), 0);
+  EXPECT_EQ(rig.Screen(), (TRows{"?", "X", "Ok"}));
+  rig.view->QuitBasic();
 }
 
 TEST(KeyFeederRun, KeysMayComeLateFromOutside) {

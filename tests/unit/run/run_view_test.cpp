@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
+#include "common/host_memory.h"
 #include "tests/unit/run/run_rig.h"
 
 namespace zoka {
@@ -100,6 +103,7 @@ TEST(RunView, Drives) {
   EXPECT_EQ(rig.view->DriveFolder(0), "");
   rig.view->SetDriveFolder(0, "/tmp/a");
   rig.view->SetDriveFolder(1, "/tmp/b c");
+  rig.view->SetDriveFolder(2, "/tmp/c");
   rig.view->SetDriveFolder(13, "/tmp/d");
   EXPECT_EQ(rig.view->DriveFolder(0), "/tmp/a");
   EXPECT_EQ(rig.view->DriveFolder(13), "/tmp/d");
@@ -125,7 +129,8 @@ TEST(RunView, AlarmTimes) {
     EXPECT_EQ(rig.view->SetOnTimeDl(good), 0) << good;
   }
   for (const char* bad : {"", "24:00:00", "12:60:00", "12:00:60", "1:00:00", "12:00:0", "12-00-00",
-                          "ab:cd:ef", "12:00:00 ", " 2:00:00", "+2:00:00", "12:-1:00", "120000"}) {
+                          "ab:cd:ef", "12:00:00 ", " 2:00:00", "+2:00:00", "12:-1:00", "120000",
+                          "12-00:00", "12:00-00", "1x:00:00", "12:0/:00", "12:00:0:"}) {
     EXPECT_EQ(rig.view->SetOnTimeDl(bad), -1) << bad;
   }
 }
@@ -151,6 +156,32 @@ TEST(RunView, BootText) {
   EXPECT_EQ(rig.view->Rsrc().CellAttr(1), 2);
   EXPECT_EQ(rig.view->Rsrc().CellAttr(2), 7);
   EXPECT_EQ(rig.view->Rsrc().CellAttr(160), 5);
+}
+
+TEST(RunView, AWindowIsToldItsTitleAndTheTwoDrivesWithALamp) {
+  TRunRig rig;
+  const TRows title{"DISK-BASIC - Zoka-BASIC (Run Window)"};
+  const TRows drives{"0||(Empty)", "1||(Empty)"};
+  rig.view->LanguageChanged();
+  EXPECT_EQ(std::exchange(rig.host.titles, {}), title);
+  EXPECT_EQ(std::exchange(rig.host.drives, {}), drives);
+  EXPECT_TRUE(rig.Screen().empty());
+  rig.view->AttachedToWindow();
+  EXPECT_EQ(rig.host.titles, title);
+  EXPECT_EQ(rig.host.drives, drives);
+  EXPECT_EQ(rig.Screen().back(), "Ok");
+}
+
+TEST(RunHost, ShowsNothingByItselfAndHasTheMachinesMemoryInPages) {
+  const TRunHost host;
+  EXPECT_FALSE(host.WantsPicture());
+  EXPECT_TRUE(host.KeyStates().none());
+  const int64_t kilobytes = host.FreeMemoryKBytes();
+  EXPECT_EQ(kilobytes % 4, 0);
+  // Nobody takes or gives half of the memory meanwhile.
+  const int64_t available = available_memory_kbytes().value_or(0);
+  EXPECT_GT(kilobytes * 2, available);
+  EXPECT_GT(available * 2, kilobytes);
 }
 
 TEST(RunView, TwoEnginesInOneProcess) {

@@ -38,6 +38,35 @@ TEST(TypedKeys, WhatNoSingleKeyTypesHasNone) {
   EXPECT_EQ(typed_key_code("\x02"), 0);
 }
 
+TEST(TypedKeys, ACharacterEndsWithItsBytesOrBeforeAnotherLead) {
+  struct TCase {
+    const char* text;
+    size_t soFar;     // while more may come; 0: the character is cut off
+    size_t complete;  // when this is all
+  };
+  const TCase cases[] = {
+      {"A", 1, 1},
+      {"AB", 1, 1},
+      {"é", 2, 2},
+      {"あ", 3, 3},
+      {"あい", 3, 3},
+      {"😀", 4, 4},
+      {"\xE3", 0, 1},
+      {"\xE3\x81", 0, 2},
+      {"\xF0\x9F\x98", 0, 3},
+      {"\xE3\x81z", 2, 2},
+      {"\xE3z", 1, 1},
+      {"\xC3\xA9\xA9", 2, 2},
+      {"\x81\x81", 1, 1},
+      {"\xFF", 0, 1},  // leads no character, but looks like more than four bytes
+      {"\xFF\x81\x81\x81\x81", 4, 4},
+  };
+  for (const TCase& test : cases) {
+    EXPECT_EQ(typed_character(test.text, false), test.soFar) << test.text;
+    EXPECT_EQ(typed_character(test.text, true), test.complete) << test.text;
+  }
+}
+
 TEST(TypedKeys, FunctionKeys) {
   EXPECT_EQ(function_key_code(1), 0x02);
   EXPECT_EQ(function_key_code(12), 0x0D);
