@@ -5,7 +5,6 @@
 
 #include <atomic>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -176,9 +175,9 @@ class TCompiler {
 
   // --- argument reader (deal_token.cpp)
   bool CheckArg(const TArgSpec& spec, int32_t* index, TTokenKind kind) const;
-  TToken DealToken(const TToken& first, int32_t min, const TArgSpec& spec,
+  TToken DealToken(const TToken& first, int32_t min, int32_t max, const TArgSpec& spec,
                    std::vector<TToken>* args);
-  TToken GenProcDealToken(const TToken& keyword, int32_t min, const TArgSpec& spec,
+  TToken GenProcDealToken(const TToken& keyword, int32_t min, int32_t max, const TArgSpec& spec,
                           std::vector<TToken>* args);
 
   // The members' includes have an order of their own.

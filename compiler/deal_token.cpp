@@ -43,18 +43,19 @@ bool TCompiler::CheckArg(const TArgSpec& spec, int32_t* index, TTokenKind kind) 
   return false;
 }
 
-TToken TCompiler::DealToken(const TToken& first, int32_t min, const TArgSpec& spec,
+TToken TCompiler::DealToken(const TToken& first, int32_t min, int32_t max, const TArgSpec& spec,
                             std::vector<TToken>* args) {
   int32_t used = 0;
-  return DealTokenCounted(first, min, spec, args, &used);
+  return DealTokenCounted(first, min, max, spec, args, &used);
 }
 
-TToken TCompiler::DealTokenCounted(const TToken& first, int32_t min, const TArgSpec& spec,
-                                   std::vector<TToken>* args, int32_t* used) {
+TToken TCompiler::DealTokenCounted(const TToken& first, int32_t min, int32_t max,
+                                   const TArgSpec& spec, std::vector<TToken>* args, int32_t* used) {
   TDeal deal{spec, args, first};
   // The ")" that ends a function's list takes the depth below zero.
   while (deal.depth >= 0 && !IsMultiExprEndToken(deal.token)) DealStep(&deal);
   if (deal.index < min) throw CompileException(KEY_MISSING_OPERAND);
+  if (deal.index > max) throw CompileException(KEY_TOO_MANY_OPERAND);
   *used = deal.index;
   return deal.token;
 }
@@ -109,9 +110,9 @@ void TCompiler::DealWord(TDeal* deal, TTokenKind kind) {
   deal->token = Token();
 }
 
-TToken TCompiler::GenProcDealToken(const TToken&, int32_t min, const TArgSpec& spec,
+TToken TCompiler::GenProcDealToken(const TToken&, int32_t min, int32_t max, const TArgSpec& spec,
                                    std::vector<TToken>* args) {
-  TToken token = DealToken(Token(), min, spec, args);
+  TToken token = DealToken(Token(), min, max, spec, args);
   if (!IsMultiExprEndToken(token)) throw CompileException(KEY_SYNTAX_ERR);
   return token;
 }

@@ -5,11 +5,11 @@
 
 namespace zoka {
 
-TToken TCompiler::GenFuncDealToken(const TToken&, int32_t min, TArgSpec spec,
+TToken TCompiler::GenFuncDealToken(const TToken&, int32_t min, int32_t max, TArgSpec spec,
                                    std::vector<TToken>* args) {
   spec.emplace_back(ttRpar, false);
   CheckLpar(Token());
-  TToken token = DealToken(Token(), min + 1, spec, args);
+  TToken token = DealToken(Token(), min + 1, max + 1, spec, args);
   if (args->back().kind != ttRpar) throw CompileException("@Compile_Err_No_RPar@");
   args->pop_back();
   return token;
@@ -29,7 +29,7 @@ TToken TCompiler::GenFuncMath(const TToken&, TVMCodeCmd cmd, TTokenKind* kind) {
 TToken TCompiler::GenFuncSpecifyArgAndRet(const TToken& first, TVMCodeCmd cmd, TTokenKind argKind,
                                           TTokenKind retKind, TTokenKind* kind) {
   std::vector<TToken> args;
-  TToken token = GenFuncDealToken(first, 1, {{argKind, false}}, &args);
+  TToken token = GenFuncDealToken(first, 1, 1, {{argKind, false}}, &args);
   AddCode(cmd);
   *kind = retKind;
   return token;
@@ -45,7 +45,7 @@ TToken TCompiler::GenFuncNoArgSpecifyRet(const TToken&, TVMCodeCmd cmd, TTokenKi
 
 TToken TCompiler::GenFuncInstrFamily(const TToken& first, TVMCodeCmd cmd, TTokenKind* kind) {
   std::vector<TToken> args;
-  TToken token = GenFuncDealToken(first, 2, ArgSpec("n?ss"), &args);
+  TToken token = GenFuncDealToken(first, 2, 3, ArgSpec("n?ss"), &args);
   AddCodeBool(cmd, args.size() == 3);
   *kind = ttInt;
   return token;
@@ -53,7 +53,7 @@ TToken TCompiler::GenFuncInstrFamily(const TToken& first, TVMCodeCmd cmd, TToken
 
 TToken TCompiler::GenFuncMidDlFamily(const TToken& first, TVMCodeCmd cmd, TTokenKind* kind) {
   std::vector<TToken> args;
-  TToken token = GenFuncDealToken(first, 2, ArgSpec("snn?"), &args);
+  TToken token = GenFuncDealToken(first, 2, 3, ArgSpec("snn?"), &args);
   AddCodeBool(cmd, args.size() == 3);
   *kind = ttStr;
   return token;
@@ -62,7 +62,7 @@ TToken TCompiler::GenFuncMidDlFamily(const TToken& first, TVMCodeCmd cmd, TToken
 TToken TCompiler::GenFuncTwoArgs(TVMCodeCmd cmd, std::string_view pattern, TTokenKind retKind,
                                  TTokenKind* kind) {
   std::vector<TToken> args;
-  TToken token = GenFuncDealToken({}, 2, ArgSpec(pattern), &args);
+  TToken token = GenFuncDealToken({}, 2, 2, ArgSpec(pattern), &args);
   AddCode(cmd);
   *kind = retKind;
   return token;
@@ -71,7 +71,7 @@ TToken TCompiler::GenFuncTwoArgs(TVMCodeCmd cmd, std::string_view pattern, TToke
 TToken TCompiler::GenFuncOptionalArg(TVMCodeCmd cmd, std::string_view pattern, TTokenKind retKind,
                                      TTokenKind* kind) {
   std::vector<TToken> args;
-  TToken token = GenFuncDealToken({}, 1, ArgSpec(pattern), &args);
+  TToken token = GenFuncDealToken({}, 1, 2, ArgSpec(pattern), &args);
   AddCodeBool(cmd, args.size() == 2);
   *kind = retKind;
   return token;
@@ -149,7 +149,7 @@ TToken TCompiler::GenFuncMouse(const TToken&, TTokenKind* kind) {
 
 TToken TCompiler::GenFuncPoint(const TToken& first, TTokenKind* kind) {
   std::vector<TToken> args;
-  TToken token = GenFuncDealToken(first, 1, ArgSpec("nn?"), &args);
+  TToken token = GenFuncDealToken(first, 1, 2, ArgSpec("nn?"), &args);
   AddCode(args.size() == 1 ? TVMCodeCmd::PointFunc1 : TVMCodeCmd::PointFunc2);
   *kind = ttInt;
   return token;

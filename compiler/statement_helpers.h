@@ -33,11 +33,11 @@ void DealExpr(TDeal* deal);
 void DealWord(TDeal* deal, TTokenKind kind);
 /// DealToken that also tells how many elements of `spec` were used up; more than `args` holds means
 /// that an optional element was passed over by a value that didn't fit it.
-TToken DealTokenCounted(const TToken& first, int32_t min, const TArgSpec& spec,
+TToken DealTokenCounted(const TToken& first, int32_t min, int32_t max, const TArgSpec& spec,
                         std::vector<TToken>* args, int32_t* used);
 struct TDealRow;
 TToken GenProcDealRow(const TToken& keyword, const TDealRow& row);
-TToken GenProcDealPoint(const TToken& keyword, std::string_view pattern, int32_t min,
+TToken GenProcDealPoint(const TToken& keyword, std::string_view pattern, int32_t min, int32_t max,
                         std::vector<TToken>* args, bool* step);
 
 // FOR
@@ -60,9 +60,9 @@ void CheckTrapForm(int32_t number, int32_t form, int32_t targets);
 void AddSetIrState(int32_t event, int32_t state);
 
 TToken GenProcPrintWrite(const TToken& first, TVMCodeCmd cmd);
-TToken GenPrintItem(const TToken& first, TVMCodeCmd cmd, std::optional<int32_t> file);
-/// Pushes a file's number, if there is one.
-void AddFileNumber(std::optional<int32_t> file);
+TToken GenPrintItem(const TToken& first, TVMCodeCmd cmd, const int32_t* file);
+/// Pushes a file's number; nothing if `file` is null.
+void AddFileNumber(const int32_t* file);
 TToken GenProcPrintUsing(const TToken& first);
 TToken GenProcInputFamily(const TToken& first, bool isLine);
 TToken GenInputPrompt(const TToken& first, bool question);

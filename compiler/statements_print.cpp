@@ -30,9 +30,9 @@ bool starts_item(const TToken& token) {
 }
 
 /// The operations of INPUT and LINE INPUT: from the keyboard, with a limit, from a file.
-constexpr TVMCodeCmd INPUT_CMDS[] = {TVMCodeCmd::Input, TVMCodeCmd::InputWait, TVMCodeCmd::InputSh};
-constexpr TVMCodeCmd LINE_INPUT_CMDS[] = {TVMCodeCmd::LineInput, TVMCodeCmd::LineInputWait,
-                                          TVMCodeCmd::LineInputSh};
+constexpr TVMCodeCmd INPUT_CMDS[2][3] = {
+    {TVMCodeCmd::Input, TVMCodeCmd::InputWait, TVMCodeCmd::InputSh},
+    {TVMCodeCmd::LineInput, TVMCodeCmd::LineInputWait, TVMCodeCmd::LineInputSh}};
 enum TInputForm : int32_t { INPUT_KEYBOARD, INPUT_WAIT, INPUT_FILE };
 
 }  // namespace
@@ -52,9 +52,10 @@ TToken TCompiler::GenProcPrintWrite(const TToken&, TVMCodeCmd cmd) {
     if (!print) throw CompileException(KEY_SYNTAX_ERR);
     return GenProcPrintUsing(token);
   }
-  std::optional<int32_t> file;
-  if (token.kind == ttSharpInt) {
-    file = parse_long(token.text);
+  const bool toFile = token.kind == ttSharpInt;
+  const int32_t number = toFile ? parse_long(token.text) : 0;
+  const int32_t* file = toFile ? &number : nullptr;
+  if (toFile) {
     cmd = print ? TVMCodeCmd::PrintSh : TVMCodeCmd::WriteSh;
     CheckComma(Token());
     token = Token();
@@ -68,12 +69,12 @@ TToken TCompiler::GenProcPrintWrite(const TToken&, TVMCodeCmd cmd) {
     AddFileNumber(file);
     AddCodeBool(cmd, true);
   }
-  if (!file) AddCode(TVMCodeCmd::BUpdateScreen);
+  if (!toFile) AddCode(TVMCodeCmd::BUpdateScreen);
   return token;
 }
 
 // One item or separator. Only a comma has an operation of its own.
-TToken TCompiler::GenPrintItem(const TToken& first, TVMCodeCmd cmd, std::optional<int32_t> file) {
+TToken TCompiler::GenPrintItem(const TToken& first, TVMCodeCmd cmd, const int32_t* file) {
   if (first.kind == ttSemiColon) return Token();
   if (first.kind == ttComma) {
     AddFileNumber(file);
@@ -89,8 +90,8 @@ TToken TCompiler::GenPrintItem(const TToken& first, TVMCodeCmd cmd, std::optiona
   return token;
 }
 
-void TCompiler::AddFileNumber(std::optional<int32_t> file) {
-  if (file) AddCodeLong(TVMCodeCmd::BPushInt, *file);
+void TCompiler::AddFileNumber(const int32_t* file) {
+  if (file != nullptr) AddCodeLong(TVMCodeCmd::BPushInt, *file);
 }
 
 TToken TCompiler::GenProcPrintUsing(const TToken&) {
@@ -133,7 +134,7 @@ TToken TCompiler::GenProcInputFamily(const TToken&, bool isLine) {
   token = GenMultiVar(token, &count);
   if (count == 0) throw CompileException(KEY_MISSING_OPERAND);
   if (isLine && count > 1) throw CompileException(KEY_TOO_MANY_OPERAND);
-  AddCodeLong((isLine ? LINE_INPUT_CMDS : INPUT_CMDS)[form], count);
+  AddCodeLong(INPUT_CMDS[isLine ? 1 : 0][form], count);
   return token;
 }
 
