@@ -61,7 +61,7 @@ TCompileResult TCompiler::Failed(const TException& fault) {
 int32_t TCompiler::CompatiMode() const {
   const int32_t preferred = mContext.prefs->CmpM;
   if (preferred != COMPAT_AUTO) return preferred;
-  return mUsesDosFeature ? COMPAT_DOS : COMPAT_DISK;
+  return mDosFeatureCount != 0 ? COMPAT_DOS : COMPAT_DISK;
 }
 
 void TCompiler::CompileProgram() {

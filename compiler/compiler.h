@@ -201,7 +201,7 @@ class TCompiler {
   bool mDataMode = false;
   bool mInUserFuncDef = false;
   const char* mSource = nullptr;
-  bool mUsesDosFeature = false;  // what only the one dialect has was compiled
+  int32_t mDosFeatureCount = 0;
   int64_t mPos = 0;
   int64_t mTokenBegin = 0;  // where the last token began, for the fault's byte range
   int32_t mPhysicalLine = 0;

@@ -143,7 +143,7 @@ TToken TCompiler::GenFuncErr(const TToken& first, TTokenKind* kind) {
 }
 
 TToken TCompiler::GenFuncMouse(const TToken&, TTokenKind* kind) {
-  mUsesDosFeature = true;
+  ++mDosFeatureCount;
   return GenFuncOptionalArg(TVMCodeCmd::MouseFunc, "nn?", ttInt, kind);
 }
 

@@ -69,14 +69,14 @@ TToken TCompiler::GenProcConsole(const TToken& first) {
   TToken token = GenProcDealToken(first, 1, MAX, ArgSpec("n?n?n?n?n?"), &args);
   const auto written = [](const TToken& arg) { return arg.kind != ttOmitted; };
   // Only the one dialect has a fifth argument.
-  if (std::count_if(args.begin(), args.end(), written) == MAX) mUsesDosFeature = true;
+  if (std::count_if(args.begin(), args.end(), written) == MAX) ++mDosFeatureCount;
   AddCodeLong(TVMCodeCmd::Console, static_cast<int32_t>(args.size()));
   return token;
 }
 
 TToken TCompiler::GenProcMouse(const TToken&) {
   constexpr int32_t MAX = 5;
-  mUsesDosFeature = true;
+  ++mDosFeatureCount;
   TToken token = Token();
   if (token.kind == ttEqual) return SkipMultiExpr(token);
   const bool isSwitch = IsWord(token, "ON") || IsWord(token, "OFF") || IsWord(token, "STOP");

@@ -36,7 +36,7 @@ TToken TCompiler::GenProcOn(const TToken&) {
     case TVMCodeCmd::Key:
       return GenProcOnIrGeneral(token, TRAP_KEY);
     case TVMCodeCmd::Mouse:
-      mUsesDosFeature = true;
+      ++mDosFeatureCount;
       return GenProcOnIrGeneral(token, TRAP_MOUSE);
     case TVMCodeCmd::Play:
       return GenProcOnIrGeneral(token, TRAP_PLAY);
