@@ -1,5 +1,5 @@
-// What handlers share in reading their operands: the error of a bad one, ranges, and operands that
-// were left out.
+// What handlers share in reading their operands: the error of a bad one, ranges, operands that were
+// left out, and the place of the cursor that may stand for them.
 #pragma once
 
 #include <algorithm>
@@ -33,6 +33,17 @@ inline bool drop_if_omitted(TVMachine& m) {
 inline std::optional<int32_t> pop_optional(TVMachine& m) {
   if (drop_if_omitted(m)) return std::nullopt;
   return m.PopInt();
+}
+
+/// The cursor's column, and its row: it may stand above the screen after a long scroll, in a row
+/// below 0.
+inline int32_t cursor_column(const TVMachine& m) {
+  int32_t cols = m.mRsrc->TxtCols();
+  int32_t column = m.mRsrc->CursorPos() % cols;
+  return column < 0 ? column + cols : column;
+}
+inline int32_t cursor_row(const TVMachine& m) {
+  return (m.mRsrc->CursorPos() - cursor_column(m)) / m.mRsrc->TxtCols();
 }
 
 /// Pops where the next run begins into its request: a number is a line, a text a label, anything

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "vm/file_access.h"
+#include "vm/handler_args.h"
 #include "vm/handlers.h"
 #include "vm/plain_values.h"
 #include "vm/print_text.h"
@@ -9,13 +10,6 @@
 
 namespace zoka {
 namespace {
-
-int32_t cursor_column(const TVMachine& m) {
-  // The cursor may stand above the screen after a long scroll.
-  int32_t cols = m.mRsrc->TxtCols();
-  int32_t column = m.mRsrc->CursorPos() % cols;
-  return column < 0 ? column + cols : column;
-}
 
 /// Pops an item and makes its text.
 template <typename TFormat>
@@ -125,8 +119,7 @@ void ExeBasicPos(TVMachine& m, const TVMCode*) {
 }
 
 void ExeBasicCsrlin(TVMachine& m, const TVMCode*) {
-  int32_t cols = m.mRsrc->TxtCols();
-  m.PushInt((m.mRsrc->CursorPos() - cursor_column(m)) / cols);
+  m.PushInt(cursor_row(m));
 }
 
 void ExeBasicStrDl(TVMachine& m, const TVMCode*) {

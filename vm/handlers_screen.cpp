@@ -172,9 +172,8 @@ void ExeBasicLocate(TVMachine& m, const TVMCode* code) {
   std::optional<int32_t> y = pop_counted(m, count, 1);
   std::optional<int32_t> x = pop_counted(m, count, 0);
   int32_t cols = rsrc.TxtCols();
-  int32_t cursor = std::max(rsrc.CursorPos(), 0);
-  int32_t column = std::clamp(x.value_or(cursor % cols), 0, cols - 1);
-  int32_t row = std::clamp(y.value_or(cursor / cols), 0, rsrc.TxtRows() - 1);
+  int32_t column = std::clamp(x.value_or(cursor_column(m)), 0, cols - 1);
+  int32_t row = std::clamp(y.value_or(cursor_row(m)), 0, rsrc.TxtRows() - 1);
   rsrc.SetCursorPos(cols * row + column);
 }
 
