@@ -244,7 +244,7 @@ TEST_F(TDebugWindowTest, CallStackScrollsAndIsNeverSelected) {
   Press("TBRun");
   ASSERT_TRUE(Ended());
   // A program that has ended is at no line.
-  ASSERT_EQ(Calls().Rows(), 1);
+  ASSERT_TRUE(Until([this] { return Calls().Rows() == 1; }));
   Click(Calls(), 0, 10);
   DebugView().Refresh();
   EXPECT_EQ(Source().RowRect(7).top(), 0);
@@ -263,7 +263,7 @@ TEST_F(TDebugWindowTest, TheStopIsTheTopmostLine) {
 TEST_F(TDebugWindowTest, ValuesKeepTheirFinalStateUntilTheNextRun) {
   RunList("10 A=5:B$=\"x\":DIM C(3):C(2)=7\n");
   ASSERT_TRUE(Ended());
-  EXPECT_EQ(Vars().Rows(), 3);
+  ASSERT_TRUE(Until([this] { return Vars().Rows() == 3; }));
   EXPECT_EQ(Vars().RowText(0), "A! : 5");
   EXPECT_EQ(Vars().RowText(1), "B$ : x");
   Click(Vars(), 2, 5);
@@ -271,7 +271,7 @@ TEST_F(TDebugWindowTest, ValuesKeepTheirFinalStateUntilTheNextRun) {
   EXPECT_EQ(Vars().RowText(5), "C!(2) : 7");
   RunList("10 D=1\n");
   ASSERT_TRUE(Ended());
-  EXPECT_EQ(Vars().Rows(), 1);
+  ASSERT_TRUE(Until([this] { return Vars().Rows() == 1; }));
 }
 
 TEST_F(TDebugWindowTest, ElementsAreMadeAtOnceAndKept) {
@@ -319,7 +319,7 @@ TEST_F(TDebugWindowTest, DimensionedAgainItCollapses) {
   EXPECT_EQ(Vars().Rows(), 2 + 11);
   Press("TBRun");
   ASSERT_TRUE(Ended());
-  EXPECT_EQ(Vars().Rows(), 2);
+  ASSERT_TRUE(Until([this] { return Vars().Rows() == 2; }));
 }
 
 TEST_F(TDebugWindowTest, ValuesAreEditedWhileItStands) {
