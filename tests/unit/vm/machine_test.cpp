@@ -1,6 +1,7 @@
 // The machine's life: loop, jumps, subroutines, errors, the end of a run.
 #include <gtest/gtest.h>
 
+#include "common/host_memory.h"
 #include "tests/unit/vm/machine_rig.h"
 
 namespace zoka {
@@ -408,6 +409,13 @@ TEST(Version, IsTheApplications) {
   rig.Op(XZokaversionDl);
   EXPECT_EQ(rig.Run(), 0);
   EXPECT_EQ(rig.TextOf(rig.Value()), APP_VERSION);
+}
+
+TEST(Memory, ARunMayTakeHalfOfWhatIsFree) {
+  const auto freeBytes = static_cast<double>(available_memory_kbytes().value_or(0)) * 1024;
+  ASSERT_GT(freeBytes, 0);
+  // Nobody takes or gives a tenth of it meanwhile.
+  EXPECT_NEAR(static_cast<double>(default_memory_limit()) / freeBytes, 0.5, 0.05);
 }
 
 TEST(KeyStatement, ReplacesAFunctionKeysText) {
