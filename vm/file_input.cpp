@@ -17,7 +17,7 @@ constexpr std::string_view DELIMLIST_CRLF = "\r\n";
 constexpr int32_t KANJI_WEIGHT = 2;
 
 /// Bytes between two looks at whether to go on.
-constexpr int32_t LOOK_BYTES = 0x10000;
+constexpr int32_t LOOK_BYTES = 64 * 1024;
 
 /// The bytes of a file, within the bounds of one statement.
 class TBoundedReader {

@@ -105,7 +105,7 @@ class TGlyphCache::TFaces {
   TFaces& operator=(const TFaces&) = delete;
 
   TFontHeight Height() const {
-    if (mFaces.empty() || !mFaces.front()->units_per_EM) return {};
+    if (mFaces.empty() || mFaces.front()->units_per_EM == 0) return {};
     const FT_Face face = mFaces.front();
     const float unit = static_cast<float>(mEm) / static_cast<float>(face->units_per_EM);
     const int32_t leading = face->height - face->ascender + face->descender;
